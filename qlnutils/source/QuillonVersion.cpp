@@ -1,0 +1,6 @@
+#include "QuillonVersion.h"
+
+const char* GetQuillonVersion()
+{
+    return QUILLON_VERSION_TEXT;
+}
