@@ -381,7 +381,7 @@ bool FormatArg::IsNullText() const
 
 namespace
 {
-struct Spec
+struct Directive
 {
     bool left = false;
     bool plus = false;
@@ -400,22 +400,22 @@ struct Spec
 
 constexpr int kMaxWidth = 4096; // bounds widths and precisions so a typo cannot exhaust memory
 
-void Pad(std::wstring& out, const Spec& spec, std::wstring_view body)
+void Pad(std::wstring& out, const Directive& directive, std::wstring_view body)
 {
-    const std::size_t width = spec.width > 0 ? static_cast<std::size_t>(spec.width) : 0;
+    const std::size_t width = directive.width > 0 ? static_cast<std::size_t>(directive.width) : 0;
     const std::size_t fill = width > body.size() ? width - body.size() : 0;
-    if (!spec.left)
+    if (!directive.left)
     {
         out.append(fill, L' ');
     }
     out.append(body);
-    if (spec.left)
+    if (directive.left)
     {
         out.append(fill, L' ');
     }
 }
 
-void AppendText(std::wstring& out, const FormatArg& arg, const Spec& spec)
+void AppendText(std::wstring& out, const FormatArg& arg, const Directive& directive)
 {
     std::wstring converted;
     std::wstring_view body;
@@ -432,11 +432,11 @@ void AppendText(std::wstring& out, const FormatArg& arg, const Spec& spec)
         converted = AString::FromUTF8(arg.GetNarrow());
         body = converted;
     }
-    if (spec.precision >= 0 && static_cast<std::size_t>(spec.precision) < body.size())
+    if (directive.precision >= 0 && static_cast<std::size_t>(directive.precision) < body.size())
     {
-        body = body.substr(0, static_cast<std::size_t>(spec.precision));
+        body = body.substr(0, static_cast<std::size_t>(directive.precision));
     }
-    Pad(out, spec, body);
+    Pad(out, directive, body);
 }
 
 // Double to integer without the undefined behaviour of an out-of-range cast: saturates,
@@ -538,29 +538,30 @@ double DoubleValue(const FormatArg& arg) noexcept
     }
 }
 
-// Renders numbers through the C library with a format rebuilt from the parsed spec, so that
+// Renders numbers through the C library with a format rebuilt from the parsed directive, so that
 // every flag combination behaves exactly as printf does.
-void AppendNumber(std::wstring& out, const FormatArg& arg, const Spec& spec, wchar_t conversion)
+void AppendNumber(std::wstring& out, const FormatArg& arg, const Directive& directive,
+                  wchar_t conversion)
 {
     char format[32];
     std::size_t n = 0;
     format[n++] = '%';
-    if (spec.left)
+    if (directive.left)
         format[n++] = '-';
-    if (spec.plus)
+    if (directive.plus)
         format[n++] = '+';
-    if (spec.space)
+    if (directive.space)
         format[n++] = ' ';
-    if (spec.alt)
+    if (directive.alt)
         format[n++] = '#';
-    if (spec.zero)
+    if (directive.zero)
         format[n++] = '0';
     format[n++] = '*';
     format[n++] = '.';
     format[n++] = '*';
 
-    const int width = std::clamp(spec.width, -1, kMaxWidth);
-    const int precision = std::clamp(spec.precision, -1, kMaxWidth);
+    const int width = std::clamp(directive.width, -1, kMaxWidth);
+    const int precision = std::clamp(directive.precision, -1, kMaxWidth);
     char stack[128];
     std::string heap;
     int written = 0;
@@ -616,13 +617,13 @@ template <typename T> void AppendPlainInteger(std::wstring& out, T value)
     }
 }
 
-void AppendArgument(std::wstring& out, const FormatArg* arg, const Spec& spec)
+void AppendArgument(std::wstring& out, const FormatArg* arg, const Directive& directive)
 {
     if (arg == nullptr)
     {
         return;
     }
-    const wchar_t conversion = spec.conversion;
+    const wchar_t conversion = directive.conversion;
     switch (conversion)
     {
     case L's':
@@ -630,17 +631,17 @@ void AppendArgument(std::wstring& out, const FormatArg* arg, const Spec& spec)
         if (arg->GetKind() == FormatArg::Kind::kWideText ||
             arg->GetKind() == FormatArg::Kind::kNarrowText)
         {
-            AppendText(out, *arg, spec);
+            AppendText(out, *arg, directive);
         }
         else if (arg->GetKind() == FormatArg::Kind::kChar)
         {
             std::wstring one;
             AppendCodePoint(one, arg->GetChar());
-            Pad(out, spec, one);
+            Pad(out, directive, one);
         }
         else
         {
-            Spec numeric = spec;
+            Directive numeric = directive;
             numeric.precision = -1;
             AppendNumber(out, *arg, numeric,
                          arg->GetKind() == FormatArg::Kind::kDouble   ? L'g'
@@ -662,35 +663,35 @@ void AppendArgument(std::wstring& out, const FormatArg* arg, const Spec& spec)
             const unsigned long long code = arg->GetUnsigned();
             AppendCodePoint(one, code <= 0x10FFFF ? static_cast<char32_t>(code) : U'\uFFFD');
         }
-        Pad(out, spec, one);
+        Pad(out, directive, one);
         return;
     }
     case L'p':
     {
-        Spec hex = spec;
+        Directive hex = directive;
         hex.alt = true;
         AppendNumber(out, *arg, hex, L'x');
         return;
     }
     case L'd':
     case L'i':
-        if (spec.IsPlain())
+        if (directive.IsPlain())
         {
             AppendPlainInteger(out, SignedValue(*arg));
             return;
         }
-        AppendNumber(out, *arg, spec, conversion);
+        AppendNumber(out, *arg, directive, conversion);
         return;
     case L'u':
-        if (spec.IsPlain())
+        if (directive.IsPlain())
         {
             AppendPlainInteger(out, UnsignedValue(*arg));
             return;
         }
-        AppendNumber(out, *arg, spec, conversion);
+        AppendNumber(out, *arg, directive, conversion);
         return;
     default:
-        AppendNumber(out, *arg, spec, conversion);
+        AppendNumber(out, *arg, directive, conversion);
         return;
     }
 }
@@ -746,7 +747,7 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
         {
             break;
         }
-        const wchar_t* directive = c;
+        const wchar_t* directiveStart = c;
         ++c; // the '%'
         if (*c == L'%')
         {
@@ -754,19 +755,19 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
             ++c;
             continue;
         }
-        Spec spec;
+        Directive directive;
         for (;; ++c)
         {
             if (*c == L'-')
-                spec.left = true;
+                directive.left = true;
             else if (*c == L'+')
-                spec.plus = true;
+                directive.plus = true;
             else if (*c == L' ')
-                spec.space = true;
+                directive.space = true;
             else if (*c == L'#')
-                spec.alt = true;
+                directive.alt = true;
             else if (*c == L'0')
-                spec.zero = true;
+                directive.zero = true;
             else
                 break;
         }
@@ -775,8 +776,8 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
             if (const std::optional<int> width = takeInt())
             {
                 // A negative "*" width means left-justified, as in printf.
-                spec.left = spec.left || *width < 0;
-                spec.width = *width < 0 ? -*width : *width;
+                directive.left = directive.left || *width < 0;
+                directive.width = *width < 0 ? -*width : *width;
             }
             ++c;
         }
@@ -788,7 +789,7 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
                 width = std::min((width < 0 ? 0 : width) * 10 + (*c - L'0'), kMaxWidth);
                 ++c;
             }
-            spec.width = width;
+            directive.width = width;
         }
         if (*c == L'.')
         {
@@ -796,7 +797,7 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
             if (*c == L'*')
             {
                 // A negative "*" precision counts as none.
-                spec.precision = takeInt().value_or(-1);
+                directive.precision = takeInt().value_or(-1);
                 ++c;
             }
             else
@@ -807,7 +808,7 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
                     precision = std::min(precision * 10 + (*c - L'0'), kMaxWidth);
                     ++c;
                 }
-                spec.precision = precision;
+                directive.precision = precision;
             }
         }
         // Length modifiers carry no information here: arguments know their own type.
@@ -833,12 +834,12 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
         }
         if (!*c)
         {
-            // A directive cut off by the end of the format is shown as written.
-            out.append(directive, static_cast<std::size_t>(c - directive));
+            // A directiveStart cut off by the end of the format is shown as written.
+            out.append(directiveStart, static_cast<std::size_t>(c - directiveStart));
             break;
         }
-        spec.conversion = *c++;
-        switch (spec.conversion)
+        directive.conversion = *c++;
+        switch (directive.conversion)
         {
         case L's':
         case L'S':
@@ -859,14 +860,14 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
         case L'a':
         case L'A':
         case L'p':
-            AppendArgument(out, take(), spec);
+            AppendArgument(out, take(), directive);
             break;
         case L'n':
             take(); // never written through
             break;
         default:
             // Unknown conversion: shown as written, so the mistake is visible.
-            out.append(directive, static_cast<std::size_t>(c - directive));
+            out.append(directiveStart, static_cast<std::size_t>(c - directiveStart));
             break;
         }
     }
