@@ -35,10 +35,10 @@ public:
     };
 
     template <typename T>
-        requires(std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char> &&
-                 !std::is_same_v<T, wchar_t> && !std::is_same_v<T, char8_t> &&
-                 !std::is_same_v<T, char16_t> && !std::is_same_v<T, char32_t>)
-    FormatArg(T value) noexcept : mBytes(static_cast<std::uint8_t>(sizeof(T)))
+    requires(std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char> &&
+             !std::is_same_v<T, wchar_t> && !std::is_same_v<T, char8_t> &&
+             !std::is_same_v<T, char16_t> && !std::is_same_v<T, char32_t>) FormatArg(T value)
+    noexcept : mBytes(static_cast<std::uint8_t>(sizeof(T)))
     {
         if constexpr (std::is_signed_v<T>)
         {
@@ -52,16 +52,21 @@ public:
         }
     }
     template <typename T>
-        requires std::is_enum_v<T>
-    FormatArg(T value) noexcept : FormatArg(static_cast<std::underlying_type_t<T>>(value))
+    requires std::is_enum_v<T> FormatArg(T value)
+    noexcept : FormatArg(static_cast<std::underlying_type_t<T>>(value)) {}
+    FormatArg(bool value) noexcept : mKind(Kind::kSigned), mBytes(4), mSigned(value ? 1 : 0) {}
+    FormatArg(char value) noexcept
+        : mKind(Kind::kChar), mBytes(1), mChar(static_cast<unsigned char>(value))
     {
     }
-    FormatArg(bool value) noexcept : mKind(Kind::kSigned), mBytes(4), mSigned(value ? 1 : 0) {}
-    FormatArg(char value) noexcept : mKind(Kind::kChar), mBytes(1), mChar(static_cast<unsigned char>(value)) {}
-    FormatArg(wchar_t value) noexcept : mKind(Kind::kChar), mBytes(sizeof(wchar_t)), mChar(static_cast<char32_t>(value)) {}
+    FormatArg(wchar_t value) noexcept
+        : mKind(Kind::kChar), mBytes(sizeof(wchar_t)), mChar(static_cast<char32_t>(value))
+    {
+    }
     FormatArg(char32_t value) noexcept : mKind(Kind::kChar), mBytes(4), mChar(value) {}
     FormatArg(double value) noexcept : mKind(Kind::kDouble), mBytes(8), mDouble(value) {}
     FormatArg(float value) noexcept : FormatArg(static_cast<double>(value)) {}
+    FormatArg(long double value) noexcept : FormatArg(static_cast<double>(value)) {}
     FormatArg(const wchar_t* text) noexcept;
     FormatArg(const std::wstring& text) noexcept;
     FormatArg(std::wstring_view text) noexcept;
@@ -69,7 +74,8 @@ public:
     FormatArg(const std::string& utf8) noexcept;
     FormatArg(std::string_view utf8) noexcept;
     FormatArg(const void* pointer) noexcept
-        : mKind(Kind::kPointer), mBytes(sizeof(void*)), mUnsigned(reinterpret_cast<std::uintptr_t>(pointer))
+        : mKind(Kind::kPointer), mBytes(sizeof(void*)),
+          mUnsigned(reinterpret_cast<std::uintptr_t>(pointer))
     {
     }
     FormatArg(std::nullptr_t) noexcept : FormatArg(static_cast<const void*>(nullptr)) {}
@@ -131,13 +137,18 @@ public:
 
     // Replaces the text with `format` filled printf-style, wide conventions: "%s" takes a
     // wide text (or a UTF-8 one), "%c" a character; flags "-+ #0", width and precision
-    // (also "*"), length modifiers (h, l, ll, I64, z, ...) are accepted and ignored.
-    // A missing argument prints nothing; never throws, never reads past the arguments.
+    // (also "*") as printf; length modifiers (h, l, ll, I64, z, ...) are accepted and
+    // ignored, since every argument knows its type. "%u" and "%x" of a negative integer show
+    // the two's complement of its own width. A missing argument prints nothing, a mismatched
+    // one is converted (a text read by "%d" is 0, a number read by "%s" prints as a number),
+    // an unknown or unfinished directive is shown as written. The arguments may be views of
+    // this text. Never throws, never reads past the arguments.
     //   Format(L"%s[%d]", L"d", 3)          => "d[3]"
     //   Format(L"%#010x", 255)              => "0x000000ff"
+    //   Format(L"%u|%x", -1, -1)            => "4294967295|ffffffff"
     //   Format(L"%5.1f|%-3c|", 2.25, L'x')  => "  2.2|x  |"
-    template <typename... Args>
-    AString& Format(const wchar_t* format, const Args&... args)
+    //   Format(L"%d%%|%y|%d", 5)            => "5%|%y|"
+    template <typename... Args> AString& Format(const wchar_t* format, const Args&... args)
     {
         const FormatArg list[] = {FormatArg(args)..., FormatArg(0)};
         return FormatList(format, std::span<const FormatArg>(list, sizeof...(Args)));
@@ -146,8 +157,7 @@ public:
     // Appends `format` filled as Format does.
     AString& AppendFormatList(const wchar_t* format, std::span<const FormatArg> args);
     // A new text filled as Format does.
-    template <typename... Args>
-    static AString Formatted(const wchar_t* format, const Args&... args)
+    template <typename... Args> static AString Formatted(const wchar_t* format, const Args&... args)
     {
         AString text;
         text.Format(format, args...);
@@ -168,20 +178,23 @@ public:
 
     // Wildcard matching ---------------------------------------------------------------
     // Always on the whole text. "*" matches any run of characters (possibly empty), "?"
-    // exactly one, and a back slash makes the next pattern character literal. Runs in
-    // O(text * pattern) time at worst.
+    // exactly one, and a back slash makes the next pattern character literal (a back slash
+    // that ends the pattern matches a back slash). Runs in O(text * pattern) time at worst
+    // and allocates nothing without captures.
     //   "a[3]".Match("*[*]")     => true
     //   "a*b".Match("*\\**")     => true (contains an asterisk)
+    //   "ab".Match("a")          => false (whole text)
 
     // Case-sensitive match.
     bool Match(std::wstring_view pattern) const noexcept;
     // Case-insensitive match (simple case folding).
     bool MatchNoCase(std::wstring_view pattern) const noexcept;
     // Match with captures: on success `captures` is replaced by one text per "*", in order,
-    // each the shortest that lets the rest of the pattern fit; on failure it is untouched.
+    // each the shortest that lets the rest of the pattern fit; on failure it is untouched
+    // (out of memory empties it). Reusing one vector reuses its strings' buffers.
     //   "a[1][2]".Match("*[*]", caps, true) => true, caps = {"a", "1][2"}
-    bool Match(std::wstring_view pattern, std::vector<AString>& captures,
-               bool caseSensitive) const;
+    //   "x".Match("*[*]", caps, true)       => false, caps unchanged
+    bool Match(std::wstring_view pattern, std::vector<AString>& captures, bool caseSensitive) const;
     static bool MatchText(std::wstring_view text, std::wstring_view pattern, bool caseSensitive,
                           std::vector<AString>* captures);
 
@@ -195,6 +208,7 @@ public:
     bool IsNumber(long long& value, int base = 10) const noexcept;
     bool IsNumber(unsigned long long& value, int base = 10) const noexcept;
     // Decimal and exponent forms ("1", "-2.5", ".5", "1e-3", "1.E+4"); no inf, nan or hex.
+    // A value too large for a double fails; one too small to represent reads as zero.
     bool IsNumber(double& value) const noexcept;
     // Whether the text is a number in any of the forms above.
     bool IsNumber() const noexcept;

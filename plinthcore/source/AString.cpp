@@ -7,9 +7,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <functional>
 #include <limits>
+#include <optional>
 
 namespace
 {
@@ -37,7 +40,7 @@ inline void AppendCodePoint(std::wstring& out, char32_t c)
 {
     if constexpr (sizeof(wchar_t) == 2)
     {
-        if (c > 0xFFFF)
+        if (c > 0xFFFF && c <= 0x10FFFF)
         {
             out.push_back(static_cast<wchar_t>(U16_LEAD(c)));
             out.push_back(static_cast<wchar_t>(U16_TRAIL(c)));
@@ -53,7 +56,18 @@ inline char32_t Fold(char32_t c) noexcept
     {
         return (c >= U'A' && c <= U'Z') ? c + 32 : c;
     }
+    if (c > 0x10FFFF)
+    {
+        return c; // not a code point (a negative or oversized wchar_t): compares as itself
+    }
     return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
+}
+
+// Whether `p` points into the buffer of `s` (its terminating null included).
+bool PointsInto(const wchar_t* p, const std::wstring& s) noexcept
+{
+    const std::less<const wchar_t*> less;
+    return p != nullptr && !less(p, s.data()) && less(p, s.data() + s.capacity() + 1);
 }
 
 // Narrows an ASCII-only text into `buffer` for std::from_chars; false for anything else.
@@ -123,6 +137,60 @@ template <typename T> bool ParseInteger(std::wstring_view text, T& value, int ba
     }
     value = parsed;
     return true;
+}
+
+// Decimal exponent of the leading significant digit of an unsigned decimal number text
+// ("123" => 2, "0.05" => -2, "1e-5" => -5); nothing when the mantissa is zero. Tells an
+// overflow from an underflow when std::from_chars reports either as out of range.
+std::optional<long long> LeadingExponent(std::string_view s) noexcept
+{
+    auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    std::size_t i = 0;
+    bool seen = false;
+    long long magnitude = 0;
+    for (; i < s.size() && isDigit(s[i]); ++i)
+    {
+        if (seen)
+        {
+            ++magnitude;
+        }
+        else if (s[i] != '0')
+        {
+            seen = true;
+        }
+    }
+    if (i < s.size() && s[i] == '.')
+    {
+        long long position = -1;
+        for (++i; i < s.size() && isDigit(s[i]); ++i, --position)
+        {
+            if (!seen && s[i] != '0')
+            {
+                seen = true;
+                magnitude = position;
+            }
+        }
+    }
+    if (!seen)
+    {
+        return std::nullopt;
+    }
+    if (i < s.size() && (s[i] == 'e' || s[i] == 'E'))
+    {
+        ++i;
+        const bool negative = i < s.size() && s[i] == '-';
+        if (i < s.size() && (s[i] == '-' || s[i] == '+'))
+        {
+            ++i;
+        }
+        long long exponent = 0;
+        for (; i < s.size() && isDigit(s[i]); ++i)
+        {
+            exponent = std::min(exponent * 10 + (s[i] - '0'), 1'000'000'000LL);
+        }
+        magnitude += negative ? -exponent : exponent;
+    }
+    return magnitude;
 }
 
 // Wildcard matcher shared by every Match overload. Classic single-backtrack algorithm:
@@ -202,43 +270,55 @@ bool MatchCore(std::wstring_view text, std::wstring_view pattern, bool caseSensi
         spans.Set(starCount++, StarSpan{t, 0});
         ++p;
     }
-    spans.SetCount(starCount);
     return p == pattern.size();
 }
 
-// Span storage: on the stack for the usual few stars, on the heap beyond.
-struct SpanStore
+// Number of wildcard (unescaped) stars in a pattern.
+std::size_t CountStars(std::wstring_view pattern) noexcept
 {
-    std::array<StarSpan, 16> local{};
-    std::vector<StarSpan> heap;
     std::size_t count = 0;
-    bool ok = true;
+    for (std::size_t p = 0; p < pattern.size(); ++p)
+    {
+        if (pattern[p] == L'\\')
+        {
+            ++p;
+        }
+        else if (pattern[p] == L'*')
+        {
+            ++count;
+        }
+    }
+    return count;
+}
 
-    void Set(std::size_t index, StarSpan span) noexcept
+// Span storage sized before the match: on the stack for the usual few stars, on the heap
+// beyond, so that the matcher itself never allocates.
+class SpanStore
+{
+public:
+    bool Reserve(std::size_t count) noexcept
     {
-        if (index < local.size())
+        if (count > mLocal.size())
         {
-            local[index] = span;
-            return;
-        }
-        try
-        {
-            if (heap.size() <= index - local.size())
+            try
             {
-                heap.resize(index - local.size() + 1);
+                mHeap.resize(count);
             }
-            heap[index - local.size()] = span;
+            catch (...)
+            {
+                return false;
+            }
+            mData = mHeap.data();
         }
-        catch (...)
-        {
-            ok = false;
-        }
+        return true;
     }
-    StarSpan& Get(std::size_t index) noexcept
-    {
-        return index < local.size() ? local[index] : heap[index - local.size()];
-    }
-    void SetCount(std::size_t n) noexcept { count = n; }
+    void Set(std::size_t index, StarSpan span) noexcept { mData[index] = span; }
+    StarSpan& Get(std::size_t index) noexcept { return mData[index]; }
+
+private:
+    std::array<StarSpan, 8> mLocal{};
+    std::vector<StarSpan> mHeap;
+    StarSpan* mData = mLocal.data();
 };
 
 // Used when nobody wants the captures: only the most recent span matters.
@@ -247,7 +327,6 @@ struct NoSpans
     StarSpan last{};
     void Set(std::size_t, StarSpan span) noexcept { last = span; }
     StarSpan& Get(std::size_t) noexcept { return last; }
-    void SetCount(std::size_t) noexcept {}
 };
 
 bool IsWhite(char32_t c) noexcept
@@ -302,7 +381,7 @@ bool FormatArg::IsNullText() const
 
 namespace
 {
-struct Spec
+struct Directive
 {
     bool left = false;
     bool plus = false;
@@ -312,24 +391,31 @@ struct Spec
     int width = -1;
     int precision = -1;
     wchar_t conversion = 0;
+
+    bool IsPlain() const
+    {
+        return !left && !plus && !space && !alt && !zero && width < 0 && precision < 0;
+    }
 };
 
-void Pad(std::wstring& out, std::size_t length, const Spec& spec, std::wstring_view body)
+constexpr int kMaxWidth = 4096; // bounds widths and precisions so a typo cannot exhaust memory
+
+void Pad(std::wstring& out, const Directive& directive, std::wstring_view body)
 {
-    const std::size_t width = spec.width > 0 ? static_cast<std::size_t>(spec.width) : 0;
-    const std::size_t fill = width > length ? width - length : 0;
-    if (!spec.left)
+    const std::size_t width = directive.width > 0 ? static_cast<std::size_t>(directive.width) : 0;
+    const std::size_t fill = width > body.size() ? width - body.size() : 0;
+    if (!directive.left)
     {
         out.append(fill, L' ');
     }
     out.append(body);
-    if (spec.left)
+    if (directive.left)
     {
         out.append(fill, L' ');
     }
 }
 
-void AppendText(std::wstring& out, const FormatArg& arg, const Spec& spec)
+void AppendText(std::wstring& out, const FormatArg& arg, const Directive& directive)
 {
     std::wstring converted;
     std::wstring_view body;
@@ -346,40 +432,141 @@ void AppendText(std::wstring& out, const FormatArg& arg, const Spec& spec)
         converted = AString::FromUTF8(arg.GetNarrow());
         body = converted;
     }
-    if (spec.precision >= 0 && static_cast<std::size_t>(spec.precision) < body.size())
+    if (directive.precision >= 0 && static_cast<std::size_t>(directive.precision) < body.size())
     {
-        body = body.substr(0, static_cast<std::size_t>(spec.precision));
+        body = body.substr(0, static_cast<std::size_t>(directive.precision));
     }
-    Pad(out, body.size(), spec, body);
+    Pad(out, directive, body);
 }
 
-// Renders numbers through the C library with a format rebuilt from the parsed spec, so that
+// Double to integer without the undefined behaviour of an out-of-range cast: saturates,
+// and NaN reads as 0.
+long long SaturatingSigned(double d) noexcept
+{
+    if (std::isnan(d))
+    {
+        return 0;
+    }
+    if (d >= 0x1p63)
+    {
+        return std::numeric_limits<long long>::max();
+    }
+    if (d < -0x1p63)
+    {
+        return std::numeric_limits<long long>::min();
+    }
+    return static_cast<long long>(d);
+}
+
+unsigned long long SaturatingUnsigned(double d) noexcept
+{
+    if (std::isnan(d) || d <= 0)
+    {
+        return 0;
+    }
+    if (d >= 0x1p64)
+    {
+        return std::numeric_limits<unsigned long long>::max();
+    }
+    return static_cast<unsigned long long>(d);
+}
+
+// The value printf would show for an argument read by a signed conversion ("%d"): an
+// unsigned argument shows the signed value of its own width.
+long long SignedValue(const FormatArg& arg) noexcept
+{
+    switch (arg.GetKind())
+    {
+    case FormatArg::Kind::kSigned:
+        return arg.GetSigned();
+    case FormatArg::Kind::kUnsigned:
+        if (arg.GetBytes() == 4)
+        {
+            return static_cast<std::int32_t>(static_cast<std::uint32_t>(arg.GetUnsigned()));
+        }
+        return static_cast<long long>(arg.GetUnsigned());
+    case FormatArg::Kind::kPointer:
+        return static_cast<long long>(arg.GetUnsigned());
+    case FormatArg::Kind::kDouble:
+        return SaturatingSigned(arg.GetDouble());
+    case FormatArg::Kind::kChar:
+        return static_cast<long long>(arg.GetChar());
+    default:
+        return 0;
+    }
+}
+
+// The value printf would show for an argument read by an unsigned conversion ("%u", "%x"):
+// a negative argument shows the two's complement of its own width.
+unsigned long long UnsignedValue(const FormatArg& arg) noexcept
+{
+    switch (arg.GetKind())
+    {
+    case FormatArg::Kind::kSigned:
+        if (arg.GetBytes() >= 8)
+        {
+            return static_cast<unsigned long long>(arg.GetSigned());
+        }
+        return static_cast<unsigned long long>(arg.GetSigned()) &
+               ((1ULL << (8 * arg.GetBytes())) - 1);
+    case FormatArg::Kind::kUnsigned:
+    case FormatArg::Kind::kPointer:
+        return arg.GetUnsigned();
+    case FormatArg::Kind::kDouble:
+        return SaturatingUnsigned(arg.GetDouble());
+    case FormatArg::Kind::kChar:
+        return arg.GetChar();
+    default:
+        return 0;
+    }
+}
+
+double DoubleValue(const FormatArg& arg) noexcept
+{
+    switch (arg.GetKind())
+    {
+    case FormatArg::Kind::kDouble:
+        return arg.GetDouble();
+    case FormatArg::Kind::kSigned:
+        return static_cast<double>(arg.GetSigned());
+    case FormatArg::Kind::kUnsigned:
+        return static_cast<double>(arg.GetUnsigned());
+    case FormatArg::Kind::kChar:
+        return static_cast<double>(arg.GetChar());
+    default:
+        return 0.0;
+    }
+}
+
+// Renders numbers through the C library with a format rebuilt from the parsed directive, so that
 // every flag combination behaves exactly as printf does.
-void AppendNumber(std::wstring& out, const FormatArg& arg, const Spec& spec, wchar_t conversion)
+void AppendNumber(std::wstring& out, const FormatArg& arg, const Directive& directive,
+                  wchar_t conversion)
 {
     char format[32];
     std::size_t n = 0;
     format[n++] = '%';
-    if (spec.left)
+    if (directive.left)
         format[n++] = '-';
-    if (spec.plus)
+    if (directive.plus)
         format[n++] = '+';
-    if (spec.space)
+    if (directive.space)
         format[n++] = ' ';
-    if (spec.alt)
+    if (directive.alt)
         format[n++] = '#';
-    if (spec.zero)
+    if (directive.zero)
         format[n++] = '0';
     format[n++] = '*';
     format[n++] = '.';
     format[n++] = '*';
 
-    const int width = std::clamp(spec.width, -1, 4096);
-    const int precision = std::clamp(spec.precision, -1, 4096);
+    const int width = std::clamp(directive.width, -1, kMaxWidth);
+    const int precision = std::clamp(directive.precision, -1, kMaxWidth);
     char stack[128];
     std::string heap;
     int written = 0;
-    auto print = [&](auto value, const char* length) {
+    auto print = [&](auto value, const char* length)
+    {
         std::size_t m = n;
         for (const char* l = length; *l; ++l)
             format[m++] = *l;
@@ -393,99 +580,50 @@ void AppendNumber(std::wstring& out, const FormatArg& arg, const Spec& spec, wch
         }
     };
 
-    const bool isFloat = conversion == L'f' || conversion == L'F' || conversion == L'e' ||
-                         conversion == L'E' || conversion == L'g' || conversion == L'G' ||
-                         conversion == L'a' || conversion == L'A';
-    if (isFloat)
+    switch (conversion)
     {
-        double value = 0.0;
-        switch (arg.GetKind())
-        {
-        case FormatArg::Kind::kDouble: value = arg.GetDouble(); break;
-        case FormatArg::Kind::kSigned: value = static_cast<double>(arg.GetSigned()); break;
-        case FormatArg::Kind::kUnsigned: value = static_cast<double>(arg.GetUnsigned()); break;
-        case FormatArg::Kind::kChar: value = static_cast<double>(arg.GetChar()); break;
-        default: break;
-        }
-        print(value, "");
-    }
-    else if (conversion == L'd' || conversion == L'i')
-    {
-        long long value = 0;
-        switch (arg.GetKind())
-        {
-        case FormatArg::Kind::kSigned: value = arg.GetSigned(); break;
-        case FormatArg::Kind::kUnsigned:
-            // An unsigned argument read as signed shows the signed value of its width.
-            value = arg.GetBytes() >= 8 ? static_cast<long long>(arg.GetUnsigned())
-                    : arg.GetBytes() == 4
-                        ? static_cast<long long>(static_cast<std::int32_t>(arg.GetUnsigned()))
-                        : static_cast<long long>(arg.GetUnsigned());
-            break;
-        case FormatArg::Kind::kDouble: value = static_cast<long long>(arg.GetDouble()); break;
-        case FormatArg::Kind::kChar: value = static_cast<long long>(arg.GetChar()); break;
-        case FormatArg::Kind::kPointer: value = static_cast<long long>(arg.GetUnsigned()); break;
-        default: break;
-        }
-        print(value, "ll");
-    }
-    else
-    {
-        unsigned long long value = 0;
-        switch (arg.GetKind())
-        {
-        case FormatArg::Kind::kSigned:
-            // A negative int shows its own width's two's complement, as printf would.
-            value = arg.GetBytes() >= 8
-                        ? static_cast<unsigned long long>(arg.GetSigned())
-                        : static_cast<unsigned long long>(arg.GetSigned()) &
-                              ((1ULL << (8 * arg.GetBytes())) - 1);
-            break;
-        case FormatArg::Kind::kUnsigned:
-        case FormatArg::Kind::kPointer: value = arg.GetUnsigned(); break;
-        case FormatArg::Kind::kDouble:
-            value = arg.GetDouble() < 0 ? 0 : static_cast<unsigned long long>(arg.GetDouble());
-            break;
-        case FormatArg::Kind::kChar: value = arg.GetChar(); break;
-        default: break;
-        }
-        print(value, "ll");
+    case L'f':
+    case L'F':
+    case L'e':
+    case L'E':
+    case L'g':
+    case L'G':
+    case L'a':
+    case L'A':
+        print(DoubleValue(arg), "");
+        break;
+    case L'd':
+    case L'i':
+        print(SignedValue(arg), "ll");
+        break;
+    default:
+        print(UnsignedValue(arg), "ll");
+        break;
     }
     const char* text = heap.empty() ? stack : heap.c_str();
-    if (written > 0)
+    for (int i = 0; i < written; ++i)
     {
-        for (int i = 0; i < written; ++i)
-        {
-            out.push_back(static_cast<wchar_t>(static_cast<unsigned char>(text[i])));
-        }
+        out.push_back(static_cast<wchar_t>(static_cast<unsigned char>(text[i])));
     }
 }
 
-void AppendPlainInteger(std::wstring& out, const FormatArg& arg, bool isSigned)
+template <typename T> void AppendPlainInteger(std::wstring& out, T value)
 {
     char buffer[24];
-    std::to_chars_result result;
-    if (isSigned && arg.GetKind() == FormatArg::Kind::kSigned)
-    {
-        result = std::to_chars(buffer, buffer + sizeof buffer, arg.GetSigned());
-    }
-    else
-    {
-        result = std::to_chars(buffer, buffer + sizeof buffer, arg.GetUnsigned());
-    }
+    const std::to_chars_result result = std::to_chars(buffer, buffer + sizeof buffer, value);
     for (const char* c = buffer; c != result.ptr; ++c)
     {
         out.push_back(static_cast<wchar_t>(*c));
     }
 }
 
-void AppendArgument(std::wstring& out, const FormatArg* arg, const Spec& spec)
+void AppendArgument(std::wstring& out, const FormatArg* arg, const Directive& directive)
 {
     if (arg == nullptr)
     {
         return;
     }
-    const wchar_t conversion = spec.conversion;
+    const wchar_t conversion = directive.conversion;
     switch (conversion)
     {
     case L's':
@@ -493,27 +631,27 @@ void AppendArgument(std::wstring& out, const FormatArg* arg, const Spec& spec)
         if (arg->GetKind() == FormatArg::Kind::kWideText ||
             arg->GetKind() == FormatArg::Kind::kNarrowText)
         {
-            AppendText(out, *arg, spec);
+            AppendText(out, *arg, directive);
         }
         else if (arg->GetKind() == FormatArg::Kind::kChar)
         {
             std::wstring one;
             AppendCodePoint(one, arg->GetChar());
-            Pad(out, one.size(), spec, one);
+            Pad(out, directive, one);
         }
         else
         {
-            Spec numeric = spec;
+            Directive numeric = directive;
             numeric.precision = -1;
-            AppendNumber(out, *arg,
-                         numeric,
-                         arg->GetKind() == FormatArg::Kind::kDouble ? L'g'
+            AppendNumber(out, *arg, numeric,
+                         arg->GetKind() == FormatArg::Kind::kDouble   ? L'g'
                          : arg->GetKind() == FormatArg::Kind::kSigned ? L'd'
-                                                                     : L'u');
+                                                                      : L'u');
         }
         return;
     case L'c':
-    case L'C': {
+    case L'C':
+    {
         std::wstring one;
         if (arg->GetKind() == FormatArg::Kind::kChar)
         {
@@ -522,46 +660,55 @@ void AppendArgument(std::wstring& out, const FormatArg* arg, const Spec& spec)
         else if (arg->GetKind() == FormatArg::Kind::kSigned ||
                  arg->GetKind() == FormatArg::Kind::kUnsigned)
         {
-            const auto code = static_cast<char32_t>(arg->GetUnsigned() & 0x1FFFFF);
-            AppendCodePoint(one, code <= 0x10FFFF ? code : U'\uFFFD');
+            const unsigned long long code = arg->GetUnsigned();
+            AppendCodePoint(one, code <= 0x10FFFF ? static_cast<char32_t>(code) : U'\uFFFD');
         }
-        Pad(out, one.size(), spec, one);
+        Pad(out, directive, one);
         return;
     }
-    case L'p': {
-        Spec hex = spec;
+    case L'p':
+    {
+        Directive hex = directive;
         hex.alt = true;
         AppendNumber(out, *arg, hex, L'x');
         return;
     }
     case L'd':
     case L'i':
-    case L'u':
-        if (!spec.left && !spec.plus && !spec.space && !spec.alt && !spec.zero && spec.width < 0 &&
-            spec.precision < 0 &&
-            ((conversion != L'u' && arg->GetKind() == FormatArg::Kind::kSigned) ||
-             (conversion == L'u' && arg->GetKind() == FormatArg::Kind::kUnsigned) ||
-             (conversion != L'u' && arg->GetKind() == FormatArg::Kind::kUnsigned &&
-              arg->GetBytes() < 4)))
+        if (directive.IsPlain())
         {
-            AppendPlainInteger(out, *arg, conversion != L'u');
+            AppendPlainInteger(out, SignedValue(*arg));
             return;
         }
-        AppendNumber(out, *arg, spec, conversion);
+        AppendNumber(out, *arg, directive, conversion);
         return;
-    case L'x':
-    case L'X':
-    case L'o':
-    case L'f':
-    case L'F':
-    case L'e':
-    case L'E':
-    case L'g':
-    case L'G':
-    case L'a':
-    case L'A': AppendNumber(out, *arg, spec, conversion); return;
-    default: return;
+    case L'u':
+        if (directive.IsPlain())
+        {
+            AppendPlainInteger(out, UnsignedValue(*arg));
+            return;
+        }
+        AppendNumber(out, *arg, directive, conversion);
+        return;
+    default:
+        AppendNumber(out, *arg, directive, conversion);
+        return;
     }
+}
+
+// Whether any text argument or the format itself lives in `s`, so that `s` cannot be
+// written while they are read.
+bool AliasesAny(const std::wstring& s, const wchar_t* format, std::span<const FormatArg> args)
+{
+    if (PointsInto(format, s))
+    {
+        return true;
+    }
+    return std::any_of(args.begin(), args.end(),
+                       [&](const FormatArg& arg) {
+                           return arg.GetKind() == FormatArg::Kind::kWideText &&
+                                  PointsInto(arg.GetWide().data(), s);
+                       });
 }
 
 } // namespace
@@ -574,15 +721,17 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
     }
     std::size_t next = 0;
     auto take = [&]() -> const FormatArg* { return next < args.size() ? &args[next++] : nullptr; };
-    auto takeInt = [&]() -> int {
+    // A "*" width or precision; nothing when the argument is missing or not an integer.
+    auto takeInt = [&]() -> std::optional<int>
+    {
         const FormatArg* a = take();
         if (a == nullptr)
-            return -1;
+            return std::nullopt;
         if (a->GetKind() == FormatArg::Kind::kSigned)
-            return static_cast<int>(std::clamp<long long>(a->GetSigned(), -4096, 4096));
+            return static_cast<int>(std::clamp<long long>(a->GetSigned(), -kMaxWidth, kMaxWidth));
         if (a->GetKind() == FormatArg::Kind::kUnsigned)
-            return static_cast<int>(std::min<unsigned long long>(a->GetUnsigned(), 4096));
-        return -1;
+            return static_cast<int>(std::min<unsigned long long>(a->GetUnsigned(), kMaxWidth));
+        return std::nullopt;
     };
 
     const wchar_t* c = format;
@@ -598,6 +747,7 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
         {
             break;
         }
+        const wchar_t* directiveStart = c;
         ++c; // the '%'
         if (*c == L'%')
         {
@@ -605,29 +755,29 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
             ++c;
             continue;
         }
-        Spec spec;
+        Directive directive;
         for (;; ++c)
         {
             if (*c == L'-')
-                spec.left = true;
+                directive.left = true;
             else if (*c == L'+')
-                spec.plus = true;
+                directive.plus = true;
             else if (*c == L' ')
-                spec.space = true;
+                directive.space = true;
             else if (*c == L'#')
-                spec.alt = true;
+                directive.alt = true;
             else if (*c == L'0')
-                spec.zero = true;
+                directive.zero = true;
             else
                 break;
         }
         if (*c == L'*')
         {
-            spec.width = takeInt();
-            if (spec.width < 0 && spec.width != -1)
+            if (const std::optional<int> width = takeInt())
             {
-                spec.left = true;
-                spec.width = -spec.width;
+                // A negative "*" width means left-justified, as in printf.
+                directive.left = directive.left || *width < 0;
+                directive.width = *width < 0 ? -*width : *width;
             }
             ++c;
         }
@@ -636,17 +786,18 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
             int width = -1;
             while (*c >= L'0' && *c <= L'9')
             {
-                width = std::min((width < 0 ? 0 : width) * 10 + (*c - L'0'), 4096);
+                width = std::min((width < 0 ? 0 : width) * 10 + (*c - L'0'), kMaxWidth);
                 ++c;
             }
-            spec.width = width;
+            directive.width = width;
         }
         if (*c == L'.')
         {
             ++c;
             if (*c == L'*')
             {
-                spec.precision = takeInt();
+                // A negative "*" precision counts as none.
+                directive.precision = takeInt().value_or(-1);
                 ++c;
             }
             else
@@ -654,10 +805,10 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
                 int precision = 0;
                 while (*c >= L'0' && *c <= L'9')
                 {
-                    precision = std::min(precision * 10 + (*c - L'0'), 4096);
+                    precision = std::min(precision * 10 + (*c - L'0'), kMaxWidth);
                     ++c;
                 }
-                spec.precision = precision;
+                directive.precision = precision;
             }
         }
         // Length modifiers carry no information here: arguments know their own type.
@@ -683,23 +834,40 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
         }
         if (!*c)
         {
+            // A directiveStart cut off by the end of the format is shown as written.
+            out.append(directiveStart, static_cast<std::size_t>(c - directiveStart));
             break;
         }
-        spec.conversion = *c++;
-        switch (spec.conversion)
+        directive.conversion = *c++;
+        switch (directive.conversion)
         {
-        case L's': case L'S': case L'c': case L'C': case L'd': case L'i': case L'u': case L'x':
-        case L'X': case L'o': case L'f': case L'F': case L'e': case L'E': case L'g': case L'G':
-        case L'a': case L'A': case L'p':
-            AppendArgument(out, take(), spec);
+        case L's':
+        case L'S':
+        case L'c':
+        case L'C':
+        case L'd':
+        case L'i':
+        case L'u':
+        case L'x':
+        case L'X':
+        case L'o':
+        case L'f':
+        case L'F':
+        case L'e':
+        case L'E':
+        case L'g':
+        case L'G':
+        case L'a':
+        case L'A':
+        case L'p':
+            AppendArgument(out, take(), directive);
             break;
         case L'n':
             take(); // never written through
             break;
         default:
             // Unknown conversion: shown as written, so the mistake is visible.
-            out.push_back(L'%');
-            out.push_back(spec.conversion);
+            out.append(directiveStart, static_cast<std::size_t>(c - directiveStart));
             break;
         }
     }
@@ -707,14 +875,28 @@ void AppendFormatted(std::wstring& out, const wchar_t* format, std::span<const F
 
 AString& AString::FormatList(const wchar_t* format, std::span<const FormatArg> args)
 {
-    std::wstring result;
-    AppendFormatted(result, format, args);
-    assign(std::move(result));
+    if (AliasesAny(*this, format, args))
+    {
+        std::wstring result;
+        AppendFormatted(result, format, args);
+        assign(std::move(result));
+        return *this;
+    }
+    // Reuses the buffer: formatting into a text that is used again costs no allocation.
+    clear();
+    AppendFormatted(*this, format, args);
     return *this;
 }
 
 AString& AString::AppendFormatList(const wchar_t* format, std::span<const FormatArg> args)
 {
+    if (AliasesAny(*this, format, args))
+    {
+        std::wstring result;
+        AppendFormatted(result, format, args);
+        append(result);
+        return *this;
+    }
     AppendFormatted(*this, format, args);
     return *this;
 }
@@ -773,6 +955,11 @@ int AString::CompareNoCase(std::wstring_view other) const noexcept
 
 bool AString::EqualNoCase(std::wstring_view a, std::wstring_view b) noexcept
 {
+    // Simple folding maps one code point to one, so UTF-32 texts of different lengths differ.
+    if (sizeof(wchar_t) == 4 && a.size() != b.size())
+    {
+        return false;
+    }
     return CompareNoCase(a, b) == 0;
 }
 
@@ -792,20 +979,43 @@ bool AString::MatchText(std::wstring_view text, std::wstring_view pattern, bool 
         NoSpans spans;
         return MatchCore(text, pattern, caseSensitive, spans);
     }
+    const std::size_t stars = CountStars(pattern);
     SpanStore spans;
-    if (!MatchCore(text, pattern, caseSensitive, spans) || !spans.ok)
+    if (!spans.Reserve(stars) || !MatchCore(text, pattern, caseSensitive, spans))
     {
         return false;
     }
-    std::vector<AString> result;
-    result.reserve(spans.count);
-    for (std::size_t k = 0; k < spans.count; ++k)
+    try
     {
-        const StarSpan& span = spans.Get(k);
-        result.emplace_back(text.substr(span.begin, span.length));
+        const bool aliased =
+            std::any_of(captures->begin(), captures->end(),
+                        [&](const AString& c) { return PointsInto(text.data(), c); });
+        if (aliased)
+        {
+            // The text is one of the captures being replaced: build aside, then swap in.
+            std::vector<AString> result;
+            result.reserve(stars);
+            for (std::size_t k = 0; k < stars; ++k)
+            {
+                result.emplace_back(text.substr(spans.Get(k).begin, spans.Get(k).length));
+            }
+            captures->swap(result);
+            return true;
+        }
+        // Assigning into the existing strings keeps their buffers: a caller that reuses one
+        // vector for many matches allocates only when a capture outgrows its predecessor.
+        captures->resize(stars);
+        for (std::size_t k = 0; k < stars; ++k)
+        {
+            (*captures)[k].assign(text.data() + spans.Get(k).begin, spans.Get(k).length);
+        }
+        return true;
     }
-    *captures = std::move(result);
-    return true;
+    catch (...)
+    {
+        captures->clear(); // out of memory: no half-filled result
+        return false;
+    }
 }
 
 bool AString::Match(std::wstring_view pattern) const noexcept
@@ -861,21 +1071,32 @@ bool AString::IsNumber(double& value) const noexcept
         negative = narrow.front() == '-';
         narrow.remove_prefix(1);
     }
-    // Only decimal forms: a digit, or a point followed by a digit, must come first.
+    // Only decimal forms: a digit, or a point followed by a digit, must come first. This
+    // also keeps out "inf", "nan" and hexadecimal floating point.
     if (narrow.empty() ||
         !((narrow[0] >= '0' && narrow[0] <= '9') ||
           (narrow[0] == '.' && narrow.size() > 1 && narrow[1] >= '0' && narrow[1] <= '9')))
     {
         return false;
     }
-    if (narrow.size() > 1 && narrow[0] == '0' && (narrow[1] == 'x' || narrow[1] == 'X'))
-    {
-        return false;
-    }
     double parsed = 0.0;
     const auto result = std::from_chars(narrow.data(), narrow.data() + narrow.size(), parsed,
                                         std::chars_format::general);
-    if (result.ec != std::errc() || result.ptr != narrow.data() + narrow.size())
+    if (result.ptr != narrow.data() + narrow.size())
+    {
+        return false;
+    }
+    if (result.ec == std::errc::result_out_of_range)
+    {
+        // Too small to represent is zero; too large is a failure.
+        const std::optional<long long> exponent = LeadingExponent(narrow);
+        if (exponent && *exponent >= 0)
+        {
+            return false;
+        }
+        parsed = 0.0;
+    }
+    else if (result.ec != std::errc())
     {
         return false;
     }
@@ -994,7 +1215,9 @@ AString& AString::MakeUpper()
     {
         const char32_t c = NextCodePoint(*this, i);
         const char32_t u = c < 0x80 ? ((c >= U'a' && c <= U'z') ? c - 32 : c)
-                                    : static_cast<char32_t>(u_toupper(static_cast<UChar32>(c)));
+                           : c > 0x10FFFF
+                               ? c
+                               : static_cast<char32_t>(u_toupper(static_cast<UChar32>(c)));
         AppendCodePoint(out, u);
     }
     assign(std::move(out));
@@ -1009,7 +1232,9 @@ AString& AString::MakeLower()
     {
         const char32_t c = NextCodePoint(*this, i);
         const char32_t l = c < 0x80 ? ((c >= U'A' && c <= U'Z') ? c + 32 : c)
-                                    : static_cast<char32_t>(u_tolower(static_cast<UChar32>(c)));
+                           : c > 0x10FFFF
+                               ? c
+                               : static_cast<char32_t>(u_tolower(static_cast<UChar32>(c)));
         AppendCodePoint(out, l);
     }
     assign(std::move(out));
@@ -1033,6 +1258,19 @@ std::size_t AString::Replace(std::wstring_view find, std::wstring_view replaceme
     if (find.empty())
     {
         return 0;
+    }
+    // Either text may be a view of this one, which the replacements change under it.
+    std::wstring findCopy;
+    std::wstring replacementCopy;
+    if (PointsInto(find.data(), *this))
+    {
+        findCopy.assign(find);
+        find = findCopy;
+    }
+    if (PointsInto(replacement.data(), *this))
+    {
+        replacementCopy.assign(replacement);
+        replacement = replacementCopy;
     }
     std::size_t count = 0;
     std::size_t pos = std::wstring::find(find.data(), 0, find.size());
@@ -1082,8 +1320,8 @@ AString AString::FromUTF8(std::string_view utf8)
     AString out;
     out.reserve(utf8.size());
     const auto* bytes = reinterpret_cast<const uint8_t*>(utf8.data());
-    const auto length = static_cast<int32_t>(std::min<std::size_t>(utf8.size(), INT32_MAX));
-    int32_t i = 0;
+    const std::size_t length = utf8.size();
+    std::size_t i = 0;
     while (i < length)
     {
         if (bytes[i] < 0x80)
@@ -1091,6 +1329,7 @@ AString AString::FromUTF8(std::string_view utf8)
             out.push_back(static_cast<wchar_t>(bytes[i++]));
             continue;
         }
+        // Each maximal ill-formed subsequence becomes one U+FFFD.
         UChar32 c = 0;
         U8_NEXT(bytes, i, length, c);
         AppendCodePoint(out, c < 0 ? char32_t{0xFFFD} : static_cast<char32_t>(c));
