@@ -23,6 +23,9 @@ public:
     // Answers IModelCompiler.
     void* QueryInterface(int id) override;
     // Looks the names up in the table, ignoring case; `component` does not narrow the search.
+    // A named library prefers its own declaration of a type to one made for every library; "0"
+    // or an empty library name prefers the declaration for every library, else takes the first
+    // made for a particular one.
     bool GetUnitOfType(const IComponent* component, const AString& libraryName,
                        const AString& typeName, const AString& baseTypeName,
                        const AString& physicalTypeName, AString& unitName, int& unit) override;
@@ -31,7 +34,7 @@ public:
     // an earlier declaration of the same type in the same library.
     void AddType(const AString& typeName, const AString& unitName, int unit,
                  const AString& libraryName = AString());
-    // Adds the standard types that are missing.
+    // Adds the standard types that have no declaration for every library.
     void AddStandardTypes();
     void Clear() { mTypes.clear(); }
     std::size_t GetTypeCount() const { return mTypes.size(); }

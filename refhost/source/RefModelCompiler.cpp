@@ -1,5 +1,7 @@
 #include "RefModelCompiler.h"
 
+#include <algorithm>
+
 namespace refhost
 {
 namespace
@@ -85,18 +87,25 @@ void RefModelCompiler::AddStandardTypes()
 {
     for (const StandardType& standard : kStandardTypes)
     {
-        if (Find(AString(standard.type), AString()) == nullptr)
+        const AString type(standard.type);
+        const bool declared = std::any_of(mTypes.begin(), mTypes.end(),
+                                          [&type](const auto& known) {
+                                              return known.mLibrary.empty() &&
+                                                     AString::EqualNoCase(known.mType, type);
+                                          });
+        if (!declared)
         {
-            AddType(AString(standard.type), AString(standard.unitName), standard.unit);
+            AddType(type, AString(standard.unitName), standard.unit);
         }
     }
 }
 
-// A declaration in the asked library wins over one made for every library.
 const RefModelCompiler::DeclaredType* RefModelCompiler::Find(const AString& typeName,
                                                              const AString& libraryName) const
 {
-    const DeclaredType* anyLibrary = nullptr;
+    const bool anyLibrary = IsAnyLibrary(libraryName);
+    const DeclaredType* general = nullptr;
+    const DeclaredType* specific = nullptr;
     for (const DeclaredType& declared : mTypes)
     {
         if (!AString::EqualNoCase(declared.mType, typeName))
@@ -105,13 +114,18 @@ const RefModelCompiler::DeclaredType* RefModelCompiler::Find(const AString& type
         }
         if (declared.mLibrary.empty())
         {
-            anyLibrary = anyLibrary != nullptr ? anyLibrary : &declared;
+            general = general != nullptr ? general : &declared;
         }
-        else if (IsAnyLibrary(libraryName) || AString::EqualNoCase(declared.mLibrary, libraryName))
+        else if (specific == nullptr &&
+                 (anyLibrary || AString::EqualNoCase(declared.mLibrary, libraryName)))
         {
-            return &declared;
+            specific = &declared;
         }
     }
-    return anyLibrary;
+    if (anyLibrary)
+    {
+        return general != nullptr ? general : specific;
+    }
+    return specific != nullptr ? specific : general;
 }
 } // namespace refhost
