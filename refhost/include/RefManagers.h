@@ -1,0 +1,135 @@
+// The managers of one project of the reference host. The design manager owns the others and
+// they lead to one another the way the host's do: the circuit manager is a companion that the
+// design manager hands out by query only, the definition manager is also the circuit definition
+// manager (found by cast), and the creation managers likewise serve both sides.
+#pragma once
+
+#include "ICircuitDefCreationMgr.h"
+#include "ICircuitDefinitionMgr.h"
+#include "ICircuitLibraryMgr.h"
+#include "ICircuitMgr.h"
+#include "IDefCreationMgr.h"
+#include "IDefinitionMgr.h"
+#include "IDesignMgr.h"
+#include "RefHostExport.h"
+
+#include <memory>
+
+namespace refhost
+{
+class RefDefinitionMgr;
+class RefDesignMgr;
+class RefNatureMgr;
+class RefProject;
+
+class REFHOST_API RefDefCreationMgr final : public IDefCreationMgr, public ICircuitDefCreationMgr
+{
+public:
+    // Answers IDefCreationMgr and ICircuitDefCreationMgr.
+    void* QueryInterface(int id) override;
+    IDefinitionMgr* GetDefinitionMgr() const override;
+    ICircuitDefinitionMgr* GetCircuitDefinitionMgr() const override;
+
+private:
+    friend class RefDefinitionMgr;
+    explicit RefDefCreationMgr(RefDefinitionMgr& definitionMgr) : mDefinitionMgr(definitionMgr) {}
+
+    RefDefinitionMgr& mDefinitionMgr;
+};
+
+class REFHOST_API RefCircuitLibraryMgr final : public ICircuitLibraryMgr
+{
+public:
+    // Answers ICircuitLibraryMgr.
+    void* QueryInterface(int id) override;
+    ICircuitDefinitionMgr* GetCircuitDefinitionMgr() const override;
+
+private:
+    friend class RefDefinitionMgr;
+    explicit RefCircuitLibraryMgr(RefDefinitionMgr& definitionMgr) : mDefinitionMgr(definitionMgr)
+    {
+    }
+
+    RefDefinitionMgr& mDefinitionMgr;
+};
+
+class REFHOST_API RefDefinitionMgr final : public IDefinitionMgr, public ICircuitDefinitionMgr
+{
+public:
+    ~RefDefinitionMgr() override;
+    RefDefinitionMgr(const RefDefinitionMgr&) = delete;
+    RefDefinitionMgr& operator=(const RefDefinitionMgr&) = delete;
+
+    // Answers IDefinitionMgr and ICircuitDefinitionMgr.
+    void* QueryInterface(int id) override;
+    IDesignMgr* GetDesignMgr() const override;
+    IDefCreationMgr* GetDefCreationMgr() const override;
+    ICircuitMgr* GetCircuitMgr() const override;
+    IDefinitionMgr* GetDefinitionMgr() const override;
+    ICircuitDefCreationMgr* GetCircuitDefCreationMgr() const override;
+    ICircuitLibraryMgr* GetCircuitLibraryMgr() const override;
+
+    RefDesignMgr& GetRefDesignMgr() const { return mDesignMgr; }
+    RefDefCreationMgr& GetRefDefCreationMgr() const { return *mCreationMgr; }
+    RefCircuitLibraryMgr& GetRefCircuitLibraryMgr() const { return *mLibraryMgr; }
+
+private:
+    friend class RefDesignMgr;
+    explicit RefDefinitionMgr(RefDesignMgr& designMgr);
+
+    RefDesignMgr& mDesignMgr;
+    std::unique_ptr<RefDefCreationMgr> mCreationMgr;
+    std::unique_ptr<RefCircuitLibraryMgr> mLibraryMgr;
+};
+
+class REFHOST_API RefCircuitMgr final : public ICircuitMgr
+{
+public:
+    // Answers ICircuitMgr.
+    void* QueryInterface(int id) override;
+    IDesignMgr* GetDesignMgr() const override;
+    ICircuitDefinitionMgr* GetCircuitDefinitionMgr() const override;
+    // The project's nature manager while the design manager offers it, else null.
+    INatureMgr* GetNatureMgr() const override;
+
+private:
+    friend class RefDesignMgr;
+    explicit RefCircuitMgr(RefDesignMgr& designMgr) : mDesignMgr(designMgr) {}
+
+    RefDesignMgr& mDesignMgr;
+};
+
+class REFHOST_API RefDesignMgr final : public IDesignMgr
+{
+public:
+    ~RefDesignMgr() override;
+    RefDesignMgr(const RefDesignMgr&) = delete;
+    RefDesignMgr& operator=(const RefDesignMgr&) = delete;
+
+    // Answers IDesignMgr, and ICircuitMgr by query only (the circuit manager is a companion).
+    void* QueryInterface(int id) override;
+    IProject* GetProject() const override;
+    bool GetProjectDirectory(AString& directory) const override;
+    IDefinitionMgr* GetDefinitionMgr() const override;
+
+    RefProject& GetRefProject() const { return mProject; }
+    RefDefinitionMgr& GetRefDefinitionMgr() const { return *mDefinitionMgr; }
+    RefCircuitMgr& GetRefCircuitMgr() const { return *mCircuitMgr; }
+    // The nature manager, whether offered or not.
+    RefNatureMgr& GetRefNatureMgr() const { return *mNatureMgr; }
+    // Whether the nature manager is offered (true by default). While it is not, the circuit
+    // manager and the components answer no nature manager; its natures are kept.
+    void SetNatureMgrAvailable(bool available) { mNatureMgrAvailable = available; }
+    bool IsNatureMgrAvailable() const { return mNatureMgrAvailable; }
+
+private:
+    friend class RefProject;
+    explicit RefDesignMgr(RefProject& project);
+
+    RefProject& mProject;
+    bool mNatureMgrAvailable = true;
+    std::unique_ptr<RefNatureMgr> mNatureMgr;
+    std::unique_ptr<RefDefinitionMgr> mDefinitionMgr;
+    std::unique_ptr<RefCircuitMgr> mCircuitMgr;
+};
+} // namespace refhost
