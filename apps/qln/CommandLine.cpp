@@ -1,0 +1,155 @@
+#include "CommandLine.h"
+
+#include "BatchCommands.h"
+#include "QuillonVersion.h"
+#include "TextCommands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <exception>
+#include <new>
+#include <sstream>
+
+namespace qln::tool
+{
+
+namespace
+{
+
+constexpr const char* kExitCodesFooter =
+    "Exit codes: 0 ok, 1 a check found a problem, 2 bad usage or unreadable input.\n"
+    "A text argument given as \"-\" is read from standard input, one text per line.";
+
+// The deepest sub-command that the parse reached, and the path of names to it
+// ("text match").
+const CLI::App& SelectedCommand(const CLI::App& app, std::string& path)
+{
+    const CLI::App* current = &app;
+    while (true)
+    {
+        const std::vector<CLI::App*> selected = current->get_subcommands();
+        if (selected.empty())
+            return *current;
+        current = selected.front();
+        if (!path.empty())
+            path += ' ';
+        path += current->get_name();
+    }
+}
+
+// The one-line message of a parse error. CLI11 only says that a sub-command is required
+// when the word given is not one; name that word instead.
+std::string ParseErrorMessage(const CLI::App& app, const CLI::ParseError& error)
+{
+    std::string path;
+    const CLI::App& selected = SelectedCommand(app, path);
+    std::string message = path.empty() ? "" : path + ": ";
+    const bool wantsCommand = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr &&
+                              !selected.get_subcommands({}).empty();
+    // Words that nothing took are left over at the top, where the global options live.
+    const std::vector<std::string> leftOver = app.remaining();
+    if (wantsCommand && !leftOver.empty())
+        message += "unknown command '" + leftOver.front() + "'";
+    else if (wantsCommand)
+        message += "a command is required";
+    else
+        message += error.what();
+    return message + "; see 'qln " + (path.empty() ? "" : path + " ") + "--help'";
+}
+
+// Emits the text that CLI11 printed for --help or --version as a result.
+void EmitText(CommandContext& context, const std::string& command, const std::string& text)
+{
+    CommandResult result(command);
+    result.Data()["text"] = text;
+    std::istringstream lines(text);
+    std::string line;
+    while (std::getline(lines, line))
+        result.AddLine(line);
+    context.Emit(result);
+}
+
+void AddFamilies(CLI::App& app, CommandContext& context)
+{
+    AddTextCommands(app, context);
+    AddBatchCommands(app, context);
+}
+
+} // namespace
+
+int RunCommandLine(const std::vector<std::string>& args, CommandContext& context)
+{
+    try
+    {
+        CLI::App app("Circuit-design name and text services from the command line.", "qln");
+        app.footer(kExitCodesFooter);
+        app.require_subcommand(1);
+        // Global options may also follow the sub-command.
+        app.fallthrough();
+        app.add_flag("--json", context.Json(),
+                     "Print each result as one JSON object per line, for scripts");
+        app.set_version_flag("--version", std::string("qln ") + GetQuillonVersion(),
+                             "Print the version and exit");
+        AddFamilies(app, context);
+
+        std::vector<std::string> reversed(args.rbegin(), args.rend());
+        try
+        {
+            app.parse(reversed);
+        }
+        catch (const CLI::CallForHelp&)
+        {
+            EmitText(context, "help", app.help());
+            return context.GetExitCode();
+        }
+        catch (const CLI::CallForAllHelp&)
+        {
+            EmitText(context, "help", app.help("", CLI::AppFormatMode::All));
+            return context.GetExitCode();
+        }
+        catch (const CLI::CallForVersion& version)
+        {
+            CommandResult result("version");
+            result.Data()["version"] = GetQuillonVersion();
+            result.AddLine(version.what());
+            context.Emit(result);
+            return context.GetExitCode();
+        }
+        catch (const CLI::Success&)
+        {
+            return context.GetExitCode();
+        }
+        catch (const CLI::ParseError& error)
+        {
+            context.Error(ParseErrorMessage(app, error));
+            context.Report(kExitUsage);
+            return context.GetExitCode();
+        }
+        catch (const InputError& error)
+        {
+            std::string command;
+            SelectedCommand(app, command);
+            context.Error(command.empty() ? error.what() : command + ": " + error.what());
+            context.Report(kExitUsage);
+            return context.GetExitCode();
+        }
+        return context.GetExitCode();
+    }
+    catch (const std::bad_alloc&)
+    {
+        context.Error("out of memory");
+    }
+    catch (const std::exception& error)
+    {
+        context.Error(std::string("internal error: ") + error.what());
+    }
+    catch (...)
+    {
+        context.Error("internal error");
+    }
+    context.Report(kExitUsage);
+    return context.GetExitCode();
+}
+
+} // namespace qln::tool
