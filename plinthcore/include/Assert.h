@@ -100,8 +100,10 @@ private:
 };
 
 #define PLINTH_ASSERT(...)                                                                         \
-    (static_cast<bool>(__VA_ARGS__) || [](const char* plinthFile, int plinthLine) {                \
-        static bool plinthIgnoreSite = false;                                                      \
-        ::ProcessAssertFailure(#__VA_ARGS__, plinthFile, plinthLine, plinthIgnoreSite);            \
-        return false;                                                                              \
-    }(__FILE__, __LINE__))
+    (static_cast<bool>(__VA_ARGS__) ||                                                             \
+     [](const char* plinthFile, int plinthLine)                                                    \
+     {                                                                                             \
+         static bool plinthIgnoreSite = false;                                                     \
+         ::ProcessAssertFailure(#__VA_ARGS__, plinthFile, plinthLine, plinthIgnoreSite);           \
+         return false;                                                                             \
+     }(__FILE__, __LINE__))

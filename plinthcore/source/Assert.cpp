@@ -82,17 +82,33 @@ bool ReadEscape(const char* text, std::size_t n, std::size_t& i, std::string& ou
     const char c = text[i++];
     switch (c)
     {
-    case 'n': out.push_back('\n'); return true;
-    case 't': out.push_back('\t'); return true;
-    case 'r': out.push_back('\r'); return true;
-    case 'a': out.push_back('\a'); return true;
-    case 'b': out.push_back('\b'); return true;
-    case 'f': out.push_back('\f'); return true;
-    case 'v': out.push_back('\v'); return true;
+    case 'n':
+        out.push_back('\n');
+        return true;
+    case 't':
+        out.push_back('\t');
+        return true;
+    case 'r':
+        out.push_back('\r');
+        return true;
+    case 'a':
+        out.push_back('\a');
+        return true;
+    case 'b':
+        out.push_back('\b');
+        return true;
+    case 'f':
+        out.push_back('\f');
+        return true;
+    case 'v':
+        out.push_back('\v');
+        return true;
     case '\\':
     case '\'':
     case '"':
-    case '?': out.push_back(c); return true;
+    case '?':
+        out.push_back(c);
+        return true;
     case 'x':
     {
         int value = 0;
@@ -272,9 +288,14 @@ void ProcessAssertFailure(const char* expression, const char* file, int line,
     }
     switch (action)
     {
-    case AssertAction::kContinue: break;
-    case AssertAction::kIgnoreSite: ignoreSite = true; break;
-    case AssertAction::kIgnoreAll: state.ignoreAll.store(true, std::memory_order_relaxed); break;
+    case AssertAction::kContinue:
+        break;
+    case AssertAction::kIgnoreSite:
+        ignoreSite = true;
+        break;
+    case AssertAction::kIgnoreAll:
+        state.ignoreAll.store(true, std::memory_order_relaxed);
+        break;
     }
 }
 

@@ -80,9 +80,9 @@ TEST_F(AssertTest, CaptureRecordsTextExpressionFileAndLine)
     PLINTH_ASSERT(1 + 1 == 3);
     PLINTH_ASSERT(std::is_same_v<int, long>);
     ASSERT_EQ(capture.Count(), 3u);
-    EXPECT_EQ(capture.Texts(), (std::vector<std::string>{"Need DesignMgr to get Project path",
-                                                         "1 + 1 == 3",
-                                                         "std::is_same_v<int, long>"}));
+    EXPECT_EQ(capture.Texts(),
+              (std::vector<std::string>{"Need DesignMgr to get Project path", "1 + 1 == 3",
+                                        "std::is_same_v<int, long>"}));
     EXPECT_EQ(capture.Entries()[0].expression, R"(!"Need DesignMgr to get Project path")");
     EXPECT_EQ(capture.Entries()[0].file, "AssertTest.cpp");
     EXPECT_EQ(capture.Entries()[0].line, line);
@@ -106,11 +106,13 @@ TEST_F(AssertTest, MacroYieldsConditionAndEvaluatesItOnce)
 TEST_F(AssertTest, HandlerIgnoringASiteSilencesOnlyThatSite)
 {
     std::vector<int> askedLines;
-    SetAssertHandler([&](const AssertInfo& info) {
-        askedLines.push_back(info.line);
-        return AssertText(info.expression) == "first site" ? AssertAction::kIgnoreSite
-                                                          : AssertAction::kContinue;
-    });
+    SetAssertHandler(
+        [&](const AssertInfo& info)
+        {
+            askedLines.push_back(info.line);
+            return AssertText(info.expression) == "first site" ? AssertAction::kIgnoreSite
+                                                               : AssertAction::kContinue;
+        });
     // Per-site flags live as long as the program: each test uses sites of its own (and
     // cannot be repeated within one run).
     auto firstSite = [] { return PLINTH_ASSERT(!"first site"); };
@@ -131,10 +133,12 @@ TEST_F(AssertTest, HandlerIgnoringASiteSilencesOnlyThatSite)
 TEST_F(AssertTest, IgnoreAllStopsEveryHandlerCall)
 {
     int asked = 0;
-    SetAssertHandler([&](const AssertInfo&) {
-        ++asked;
-        return AssertAction::kIgnoreAll;
-    });
+    SetAssertHandler(
+        [&](const AssertInfo&)
+        {
+            ++asked;
+            return AssertAction::kIgnoreAll;
+        });
     PLINTH_ASSERT(false);
     EXPECT_TRUE(GetIgnoreAllAsserts());
     PLINTH_ASSERT(false);
@@ -155,9 +159,8 @@ TEST_F(AssertTest, LoggingFollowsItsSwitchAndGoesOnForIgnoredSites)
         SetLogAssertFailures(log);
         PLINTH_ASSERT(!"logged message");
     }
-    EXPECT_EQ(mLog, std::vector<std::string>(
-                        2, "AssertTest.cpp:" + std::to_string(line) +
-                               ": assertion failed: logged message"));
+    EXPECT_EQ(mLog, std::vector<std::string>(2, "AssertTest.cpp:" + std::to_string(line) +
+                                                    ": assertion failed: logged message"));
     mLog.clear();
     LogAssertFailure("x > 0", "/some/dir\\file.cpp", 7);
     LogAssertFailure(nullptr, nullptr, 0);
@@ -168,10 +171,12 @@ TEST_F(AssertTest, LoggingFollowsItsSwitchAndGoesOnForIgnoredSites)
 TEST_F(AssertTest, CaptureRecordsWhateverIsIgnoredAndRestoresSettings)
 {
     int asked = 0;
-    SetAssertHandler([&](const AssertInfo&) {
-        ++asked;
-        return AssertAction::kIgnoreSite;
-    });
+    SetAssertHandler(
+        [&](const AssertInfo&)
+        {
+            ++asked;
+            return AssertAction::kIgnoreSite;
+        });
     auto site = [] { return PLINTH_ASSERT(!"ignored site"); };
     site(); // now ignored for the handler
     site();
@@ -196,10 +201,12 @@ TEST_F(AssertTest, CaptureRecordsWhateverIsIgnoredAndRestoresSettings)
 TEST_F(AssertTest, NestedCapturesRecordInTheInnermostOnly)
 {
     int asked = 0;
-    SetAssertHandler([&](const AssertInfo&) {
-        ++asked;
-        return AssertAction::kContinue;
-    });
+    SetAssertHandler(
+        [&](const AssertInfo&)
+        {
+            ++asked;
+            return AssertAction::kContinue;
+        });
     AssertCapture outer;
     PLINTH_ASSERT(!"before");
     {
@@ -221,10 +228,12 @@ TEST_F(AssertTest, NestedCapturesRecordInTheInnermostOnly)
 TEST_F(AssertTest, SetHandlerReturnsThePreviousOne)
 {
     int first = 0;
-    SetAssertHandler([&](const AssertInfo&) {
-        ++first;
-        return AssertAction::kContinue;
-    });
+    SetAssertHandler(
+        [&](const AssertInfo&)
+        {
+            ++first;
+            return AssertAction::kContinue;
+        });
     AssertHandler previous = SetAssertHandler({});
     PLINTH_ASSERT(false); // default handler: nothing happens
     EXPECT_EQ(first, 0);
@@ -237,10 +246,12 @@ TEST_F(AssertTest, SetHandlerReturnsThePreviousOne)
 TEST_F(AssertTest, ThrowingHandlerCountsAsContinue)
 {
     int asked = 0;
-    SetAssertHandler([&](const AssertInfo&) -> AssertAction {
-        ++asked;
-        throw std::runtime_error("handler failed");
-    });
+    SetAssertHandler(
+        [&](const AssertInfo&) -> AssertAction
+        {
+            ++asked;
+            throw std::runtime_error("handler failed");
+        });
     for (int i = 0; i < 3; ++i)
     {
         EXPECT_FALSE(PLINTH_ASSERT(!"throwing"));
@@ -251,16 +262,20 @@ TEST_F(AssertTest, ThrowingHandlerCountsAsContinue)
 TEST_F(AssertTest, FailuresInsideHandlerOrSinkDoNotRecurse)
 {
     int asked = 0;
-    SetAssertHandler([&](const AssertInfo&) {
-        ++asked;
-        PLINTH_ASSERT(!"from the handler");
-        return AssertAction::kContinue;
-    });
+    SetAssertHandler(
+        [&](const AssertInfo&)
+        {
+            ++asked;
+            PLINTH_ASSERT(!"from the handler");
+            return AssertAction::kContinue;
+        });
     int sinkCalls = 0;
-    SetAssertLogSink([&](const std::string&) {
-        ++sinkCalls;
-        PLINTH_ASSERT(!"from the sink");
-    });
+    SetAssertLogSink(
+        [&](const std::string&)
+        {
+            ++sinkCalls;
+            PLINTH_ASSERT(!"from the sink");
+        });
     SetLogAssertFailures(true);
     PLINTH_ASSERT(!"outer");
     EXPECT_EQ(asked, 1);
