@@ -154,16 +154,6 @@ TEST(MessageManagerTest, GlobalManagerIsOneAndWorksWithTheDefaultRestorer)
     global->ExchangeQueue(before);
 }
 
-TEST(MessageManagerTest, ExchangeQueueSwapsWholeQueues)
-{
-    MessageManager manager;
-    PostText(manager, L"current");
-    std::vector<Message> replacement{Message(2, {}, L"replacement")};
-    const std::vector<Message> previous = manager.ExchangeQueue(std::move(replacement));
-    EXPECT_EQ(Texts(previous), Strings{L"current"});
-    EXPECT_EQ(QueuedTexts(manager), Strings{L"replacement"});
-}
-
 TEST(MessageManagerTest, PostingFromSeveralThreadsLosesNothing)
 {
     MessageManager manager;

@@ -102,16 +102,6 @@ TEST_F(ProfilerTest, OuterTimeContainsInnerTime)
     EXPECT_GE(outer->total, inner->total);
 }
 
-TEST_F(ProfilerTest, TwoScopesInOneBlockCountSeparately)
-{
-    {
-        PLINTH_PROFILE_SCOPE("ProfilerTest.BlockA");
-        PLINTH_PROFILE_SCOPE("ProfilerTest.BlockB");
-    }
-    EXPECT_EQ(CallsOf("ProfilerTest.BlockA"), 1u);
-    EXPECT_EQ(CallsOf("ProfilerTest.BlockB"), 1u);
-}
-
 TEST_F(ProfilerTest, SitesOfOneNameAddUpToOneRow)
 {
     for (int i = 0; i < 3; ++i)
