@@ -9,7 +9,7 @@
 //   3. a unit spelled exactly      => that unit ("Pa", "s", "S", "mil", "F")
 //   4. prefix + exactly spelled unit taking prefixes => "mF", "pA", "kK", "MEGohm", "mS", "ms"
 //   5. a unit in another case      => "OHM", "hz", "v", "Volt", "pa" (pascal)
-//   6. prefix + unit in another case => "kOhm", "pf", "MEGOHM", "kiloohm"
+//   6. prefix + unit in another case => "kOhm", "pf", "MEGOHM", "kiloOhm"
 // Longer prefix spellings are tried first ("megohm" is mega-ohm, "microfarad" micro-farad).
 // So "MHz" is millihertz (write "megHz" or "GHz"); "mm" is a millimetre; "1K" is a thousand;
 // "megA" is mega (the prefix name); one kelvin reads "1kelvin" and a mega-ampere "1megampere".

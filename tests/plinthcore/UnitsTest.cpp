@@ -292,6 +292,7 @@ TEST(UnitsTest, SplitsSuffixesByTheAmbiguityRules)
         {L"Vk", false, 0, U::kNoUnit},
         {L"mega", true, 6, U::kNoUnit},
         {L"megaohm", true, 6, U::kOhm},
+        {L"kiloOhm", true, 3, U::kOhm},
         {L"microfarad", true, -6, U::kFarad},
         {L"kilometre", true, 3, U::kMetre},
         {L"nanos", true, -9, U::kSecond},
