@@ -154,7 +154,8 @@ public:
     // Reads a number with an optional suffix, blanks allowed around and between them:
     //   "10k" => 10000;  "1.5pF" => 1.5e-12 F;  "3 ohm" => 3 ohm;  "10kOhm" => 10000 ohm
     // The prefix shifts the decimal exponent, so FloatToText's texts read back exactly. False
-    // (outputs untouched) for anything else and for numbers beyond the range of a double.
+    // (outputs untouched) for anything else and for numbers too large for a double; numbers
+    // too small to represent read as zero, as AString::IsNumber does.
     static bool TextToFloat(std::wstring_view text, double& value, FullUnitType& unit);
 
     // `value` in unit `from` expressed in unit `to` of the same kind; false otherwise.

@@ -308,6 +308,21 @@ AString UnitSpelling(const UnitDefinition& def, int exponent)
     return prefixText + def.GetUnitString();
 }
 
+// Whether mantissa * 10^exponent, out of the range of a double, is too large (rather than too
+// small): the power of ten of its first significant digit decides.
+bool IsTooLarge(const std::string& mantissa, long long exponent)
+{
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_not_of("0.");
+    if (first == std::string::npos)
+    {
+        return false;
+    }
+    const long long position = first < point ? static_cast<long long>(point - first - 1)
+                                             : -static_cast<long long>(first - point);
+    return position + exponent >= 0;
+}
+
 bool IsDigit(wchar_t c)
 {
     return c >= L'0' && c <= L'9';
@@ -657,9 +672,14 @@ bool Units::TextToFloat(std::wstring_view text, double& value, FullUnitType& uni
     else
     {
         // Joining the exponents in the text lets the conversion round only once.
-        const std::string number = mantissa + "e" + std::to_string(exponent + suffix.exponent);
+        const long long joined = exponent + suffix.exponent;
+        const std::string number = mantissa + "e" + std::to_string(joined);
         const auto result = std::from_chars(number.data(), number.data() + number.size(), parsed);
-        if (result.ec != std::errc() || result.ptr != number.data() + number.size())
+        if (result.ec == std::errc::result_out_of_range && !IsTooLarge(mantissa, joined))
+        {
+            parsed = 0.0; // too small to represent: zero, as AString::IsNumber reads it
+        }
+        else if (result.ec != std::errc() || result.ptr != number.data() + number.size())
         {
             return false;
         }
