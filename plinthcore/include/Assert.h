@@ -2,7 +2,8 @@
 // expression text, source file and line through ProcessAssertFailure and then execution
 // continues: the caller goes on with its documented fallback. A message-style assertion is
 // the negated string literal, PLINTH_ASSERT(!"Need a manager"), whose text is the message.
-// The macro is an expression: it yields whether `expr` held.
+// The macro is an expression: it yields whether `expr` held, which it evaluates exactly once.
+// Each use has its own "ignore this site" flag.
 #pragma once
 
 #include "PlinthExport.h"
@@ -19,22 +20,26 @@ struct AssertInfo
     int line;
 };
 
-// What the handler wants done after a failure; execution continues in every case.
+// What the handler wants done after a failure; execution continues in every case. Ignoring
+// only stops asking the handler: failures are still logged while logging is on.
 enum class AssertAction
 {
-    kContinue,   // report this site again next time
-    kIgnoreSite, // stop reporting this one site
-    kIgnoreAll   // stop reporting every site (SetIgnoreAllAsserts(true))
+    kContinue,   // ask again the next time this site fails
+    kIgnoreSite, // never ask again for this one site
+    kIgnoreAll   // never ask again for any site (SetIgnoreAllAsserts(true))
 };
 
 using AssertHandler = std::function<AssertAction(const AssertInfo&)>;
 
-// Reports one failure: logs it when logging is on, then, unless every assertion or this site
-// is ignored, asks the handler and applies its answer to `ignoreSite`.
+// Reports one failure: logs it when logging is on; then, while an AssertCapture lives, records
+// it there; otherwise, unless every assertion or this site is ignored, asks the handler and
+// applies its answer to `ignoreSite`. Never throws: a throwing handler counts as kContinue.
+// A failure raised while the handler or the log sink runs does not reach them again: it is
+// written to standard error instead.
 PLINTH_API void ProcessAssertFailure(const char* expression, const char* file, int line,
-                                     bool& ignoreSite);
+                                     bool& ignoreSite) noexcept;
 // Writes one failure to the assertion log ("file:line: assertion failed: text").
-PLINTH_API void LogAssertFailure(const char* expression, const char* file, int line);
+PLINTH_API void LogAssertFailure(const char* expression, const char* file, int line) noexcept;
 
 // Installs `handler` (an empty one restores the default, which does nothing and continues);
 // returns the previous handler.
@@ -49,13 +54,19 @@ PLINTH_API bool GetLogAssertFailures();
 using AssertLogSink = std::function<void(const std::string& line)>;
 PLINTH_API AssertLogSink SetAssertLogSink(AssertLogSink sink);
 
-// The text of an assertion: the message of a message-style assertion (!"text" => text),
-// otherwise the expression as written.
+// The text of an assertion: the message of a message-style assertion, with the escapes of the
+// literal undone, otherwise the expression as written.
+//   "!\"Need a manager\""   => Need a manager
+//   "! \"a\" \"b\""       => ab (adjacent literals join)
+//   "!\"a\" || x"          => !"a" || x (not a lone literal)
+//   "comp && term"         => comp && term
 PLINTH_API std::string AssertText(const char* expression);
 
 // Records every assertion failure while it lives (tests use it to check that a call raised
-// exactly the expected texts). Turns off "ignore all" and logging for its lifetime and puts
-// back the previous handler and settings afterwards. Captures nest.
+// exactly the expected texts), whatever the handler, "ignore all" and per-site settings say;
+// the handler is not asked meanwhile. Turns off "ignore all" and logging for its lifetime and
+// puts back the previous settings afterwards. Captures nest: only the innermost one records,
+// and the outer one goes on recording once the inner one is gone.
 class PLINTH_API AssertCapture
 {
 public:
@@ -63,7 +74,7 @@ public:
     {
         std::string text;       // AssertText of the expression
         std::string expression; // as written
-        std::string file;
+        std::string file;       // file name without its directory
         int line;
     };
 
@@ -79,15 +90,20 @@ public:
     void Clear() { mEntries.clear(); }
 
 private:
+    friend void ProcessAssertFailure(const char*, const char*, int, bool&) noexcept;
+    void Record(const char* expression, const char* file, int line);
+
     std::vector<Entry> mEntries;
-    AssertHandler mPreviousHandler;
+    AssertCapture* mOuter;
     bool mPreviousIgnoreAll;
     bool mPreviousLog;
 };
 
 #define PLINTH_ASSERT(...)                                                                         \
-    (static_cast<bool>(__VA_ARGS__) || [](const char* plinthFile, int plinthLine) {                \
-        static bool plinthIgnoreSite = false;                                                      \
-        ::ProcessAssertFailure(#__VA_ARGS__, plinthFile, plinthLine, plinthIgnoreSite);            \
-        return false;                                                                              \
-    }(__FILE__, __LINE__))
+    (static_cast<bool>(__VA_ARGS__) ||                                                             \
+     [](const char* plinthFile, int plinthLine)                                                    \
+     {                                                                                             \
+         static bool plinthIgnoreSite = false;                                                     \
+         ::ProcessAssertFailure(#__VA_ARGS__, plinthFile, plinthLine, plinthIgnoreSite);           \
+         return false;                                                                             \
+     }(__FILE__, __LINE__))
