@@ -71,16 +71,17 @@ function(qln_add_library name)
     endif()
 endfunction()
 
-# qln_add_test(<name> SOURCES <file>... DEPS <target>... [LABELS <label>...])
+# qln_add_test(<name> SOURCES <file>... DEPS <target>... [LABELS <label>])
 #   A GoogleTest program whose tests are registered with CTest one by one.
 function(qln_add_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPS;LABELS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     qln_apply_standard(${name})
     target_link_libraries(${name} PRIVATE ${ARG_DEPS} GTest::gtest GTest::gmock GTest::gtest_main)
+    # One label per test (the module): list values do not survive test discovery.
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-                         PROPERTIES LABELS "unit;${ARG_LABELS}"
-                         ENVIRONMENT "QLN_TEST_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+                         PROPERTIES ENVIRONMENT "QLN_TEST_SOURCE_DIR=${PROJECT_SOURCE_DIR}"
+                                    LABELS "${ARG_LABELS}")
 endfunction()
 
 # qln_add_benchmark(<name> SOURCES <file>... DEPS <target>...)

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "BatchCommands.h"
+#include "Profiler.h"
 #include "QuillonVersion.h"
 #include "TextCommands.h"
 
@@ -70,6 +71,34 @@ void EmitText(CommandContext& context, const std::string& command, const std::st
     context.Emit(result);
 }
 
+// Emits the profiler's table (rows sorted by total time) as a result.
+void EmitProfile(CommandContext& context)
+{
+    CommandResult result("profile");
+    Json rows = Json::array();
+    for (const ProfileRow& row : Profiler::GetRows())
+    {
+        rows.push_back({{"name", row.name},
+                        {"calls", row.calls},
+                        {"total_ns", row.total.count()},
+                        {"mean_ns", row.Mean().count()}});
+    }
+    result.Data()["rows"] = rows;
+    std::ostringstream table;
+    Profiler::Print(table);
+    std::istringstream lines(table.str());
+    std::string line;
+    while (std::getline(lines, line))
+        result.AddLine(line);
+    context.Emit(result);
+}
+
+// Whether the global --profile flag is among the words (it may stand anywhere).
+bool WantsProfile(const std::vector<std::string>& args)
+{
+    return std::find(args.begin(), args.end(), "--profile") != args.end();
+}
+
 void AddFamilies(CLI::App& app, CommandContext& context)
 {
     AddTextCommands(app, context);
@@ -80,6 +109,33 @@ void AddFamilies(CLI::App& app, CommandContext& context)
 
 int RunCommandLine(const std::vector<std::string>& args, CommandContext& context)
 {
+    // Commands run while the line is parsed, so profiling starts before the parse.
+    const bool profile = WantsProfile(args) && !Profiler::IsEnabled();
+    if (profile)
+    {
+        Profiler::Reset();
+        Profiler::Enable();
+    }
+    struct ProfileReport
+    {
+        bool active;
+        CommandContext& context;
+        ~ProfileReport()
+        {
+            if (active)
+            {
+                Profiler::Disable();
+                try
+                {
+                    EmitProfile(context);
+                }
+                catch (...)
+                {
+                    context.Error("profile: could not print the table");
+                }
+            }
+        }
+    } report{profile, context};
     try
     {
         CLI::App app("Circuit-design name and text services from the command line.", "qln");
@@ -89,6 +145,8 @@ int RunCommandLine(const std::vector<std::string>& args, CommandContext& context
         app.fallthrough();
         app.add_flag("--json", context.Json(),
                      "Print each result as one JSON object per line, for scripts");
+        app.add_flag("--profile")->description(
+            "Count calls and time of the library's hot paths and print a table at the end");
         app.set_version_flag("--version", std::string("qln ") + GetQuillonVersion(),
                              "Print the version and exit");
         AddFamilies(app, context);
