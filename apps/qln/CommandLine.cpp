@@ -145,8 +145,9 @@ int RunCommandLine(const std::vector<std::string>& args, CommandContext& context
         app.fallthrough();
         app.add_flag("--json", context.Json(),
                      "Print each result as one JSON object per line, for scripts");
-        app.add_flag("--profile")->description(
-            "Count calls and time of the library's hot paths and print a table at the end");
+        app.add_flag("--profile")
+            ->description(
+                "Count calls and time of the library's hot paths and print a table at the end");
         app.set_version_flag("--version", std::string("qln ") + GetQuillonVersion(),
                              "Print the version and exit");
         AddFamilies(app, context);

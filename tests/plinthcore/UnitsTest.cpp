@@ -555,11 +555,11 @@ TEST(UnitsTest, TextToFloatReadsNumbersWithSuffixes)
 TEST(UnitsTest, TextToFloatRefusesMalformedTextsAndLeavesOutputs)
 {
     for (const wchar_t* text :
-         {L"",      L"   ",    L"k",       L"V",           L"abc",
-          L"1.2.3", L"--1",    L"+-1",     L"1 2",         L"10x",
-          L"2e",    L"1e+",    L".",       L"-",           L"1,5",
+         {L"",      L"   ",    L"k",       L"V",          L"abc",
+          L"1.2.3", L"--1",    L"+-1",     L"1 2",        L"10x",
+          L"2e",    L"1e+",    L".",       L"-",          L"1,5",
           L"1e400", L"-1e400", L"1e306k",  L"0.001e309k", L"1e99999999999999999999",
-          L"1mdB",  L"1 k V",  L"nan nan", L"0x10",        L"1\u00A0V"})
+          L"1mdB",  L"1 k V",  L"nan nan", L"0x10",       L"1\u00A0V"})
     {
         SCOPED_TRACE(Narrow(text));
         double value = 42;
