@@ -1,8 +1,10 @@
 #include "CommandLine.h"
 
 #include "BatchCommands.h"
+#include "NetCommands.h"
 #include "Profiler.h"
 #include "QuillonVersion.h"
+#include "RefApplication.h"
 #include "TextCommands.h"
 
 #include <CLI/CLI.hpp>
@@ -10,6 +12,7 @@
 #include <algorithm>
 #include <exception>
 #include <new>
+#include <optional>
 #include <sstream>
 
 namespace qln::tool
@@ -102,6 +105,7 @@ bool WantsProfile(const std::vector<std::string>& args)
 void AddFamilies(CLI::App& app, CommandContext& context)
 {
     AddTextCommands(app, context);
+    AddNetCommands(app, context);
     AddBatchCommands(app, context);
 }
 
@@ -136,6 +140,13 @@ int RunCommandLine(const std::vector<std::string>& args, CommandContext& context
             }
         }
     } report{profile, context};
+    // The library asks its host for the environment and the library roots: the tool's host is
+    // the reference host, unless one is installed already (a batch line runs in its caller's).
+    std::optional<refhost::RefApplication> host;
+    if (GetIMerrowApplication() == nullptr)
+    {
+        host.emplace();
+    }
     try
     {
         CLI::App app("Circuit-design name and text services from the command line.", "qln");
