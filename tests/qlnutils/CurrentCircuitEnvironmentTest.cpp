@@ -81,12 +81,18 @@ TEST_F(CurrentCircuitEnvironmentTest, AssignmentChangesNothing)
 {
     AssertCapture capture;
     CurrentCircuitEnvironment guard(mParvane);
-    mCalder.SetCircuitEnvironment(kEnvOrrin);
-    auto second = std::make_unique<CurrentCircuitEnvironment>(mCalder);
-    second.reset(); // clears the shared state
-    CurrentCircuitEnvironment& same = (guard = guard);
+    CurrentCircuitEnvironment other(mCalder);
+    CurrentCircuitEnvironment& same = (guard = other);
     EXPECT_EQ(&same, &guard);
-    CircuitEnvironment env = kEnvBrennaCircuit;
+    CircuitEnvironment env = kEnvNone;
+    ASSERT_TRUE(ReadCurrent(env));
+    EXPECT_EQ(env, kEnvCalder) << "the environment stays the one set last";
+
+    {
+        CurrentCircuitEnvironment third(mParvane);
+    } // its end clears the shared state while the other two live
+    other = guard;
+    env = kEnvBrennaCircuit;
     EXPECT_FALSE(ReadCurrent(env)) << "assignment does not set the state again";
     EXPECT_EQ(env, kEnvBrennaCircuit);
 }
