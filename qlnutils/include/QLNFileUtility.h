@@ -35,7 +35,8 @@ QLN_API bool ParseFilePathVariables(const AString& path, AString& rest, LibraryL
 // The full path: the root of `loc` without trailing separators, a back slash and `rest` (the
 // root alone when `rest` is empty); `rest` is not changed. A `loc` that names no root gives
 // `rest`. kProjectDir needs `dmgr`: without it, the assertion "Need DesignMgr to get Project
-// path" and the empty text.
+// path" and the empty text. A root that is not known (empty, no project open) gives the empty
+// text too, never a path from the top of the drive.
 //   ("x.lib", kSysLib) with the system library "C:\Lib\" => "C:\Lib\x.lib"
 QLN_API AString CreateFullFilePath(const AString& rest, LibraryLocation loc,
                                    const IDesignMgr* dmgr);
@@ -59,8 +60,9 @@ QLN_API AString CreateFilePathWithVariables(const AString& rest, LibraryLocation
 QLN_API bool ParseFilePathWithoutVariables(const AString& fullPath, AString& rest,
                                            LibraryLocation& loc, const IDesignMgr* dmgr);
 
-// A stored path made full (ParseFilePathVariables, then CreateFullFilePath); any other text
-// unchanged.
+// A stored path made full (ParseFilePathVariables, then CreateFullFilePath); any other text,
+// and a stored path whose root cannot be resolved (after CreateFullFilePath's assertion when
+// `dmgr` is missing), unchanged.
 //   "$PROJECTDIR\sub\f.ckt" with the project in "D:\P" => "D:\P\sub\f.ckt"
 QLN_API AString ConvertFilePathVariablesToFullPath(const AString& path, const IDesignMgr* dmgr);
 
