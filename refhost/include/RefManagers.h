@@ -106,9 +106,12 @@ public:
     RefDesignMgr(const RefDesignMgr&) = delete;
     RefDesignMgr& operator=(const RefDesignMgr&) = delete;
 
-    // Answers IDesignMgr, and ICircuitMgr by query only (the circuit manager is a companion).
+    // Answers IDesignMgr, and ICircuitMgr by query only (the circuit manager is a companion)
+    // while it is offered.
     void* QueryInterface(int id) override;
+    // The project, while it counts as open.
     IProject* GetProject() const override;
+    // The project's directory as stored, while the project counts as open.
     bool GetProjectDirectory(AString& directory) const override;
     IDefinitionMgr* GetDefinitionMgr() const override;
 
@@ -121,6 +124,15 @@ public:
     // manager and the components answer no nature manager; its natures are kept.
     void SetNatureMgrAvailable(bool available) { mNatureMgrAvailable = available; }
     bool IsNatureMgrAvailable() const { return mNatureMgrAvailable; }
+    // Whether the query offers the circuit manager (true by default), as for a design manager
+    // of a host without a circuit side. The circuit manager itself stays.
+    void SetCircuitMgrAvailable(bool available) { mCircuitMgrAvailable = available; }
+    bool IsCircuitMgrAvailable() const { return mCircuitMgrAvailable; }
+    // Whether the project counts as open (true by default). While it does not, the design
+    // manager answers no project and no project directory, as the host's does between
+    // projects; the project and its designs are kept.
+    void SetProjectOpen(bool open) { mProjectOpen = open; }
+    bool IsProjectOpen() const { return mProjectOpen; }
 
 private:
     friend class RefProject;
@@ -128,6 +140,8 @@ private:
 
     RefProject& mProject;
     bool mNatureMgrAvailable = true;
+    bool mCircuitMgrAvailable = true;
+    bool mProjectOpen = true;
     std::unique_ptr<RefNatureMgr> mNatureMgr;
     std::unique_ptr<RefDefinitionMgr> mDefinitionMgr;
     std::unique_ptr<RefCircuitMgr> mCircuitMgr;

@@ -134,7 +134,7 @@ void* RefDesignMgr::QueryInterface(int id)
     case IDesignMgr::kInterfaceId:
         return static_cast<IDesignMgr*>(this);
     case ICircuitMgr::kInterfaceId:
-        return static_cast<ICircuitMgr*>(mCircuitMgr.get());
+        return mCircuitMgrAvailable ? static_cast<ICircuitMgr*>(mCircuitMgr.get()) : nullptr;
     default:
         return nullptr;
     }
@@ -142,11 +142,15 @@ void* RefDesignMgr::QueryInterface(int id)
 
 IProject* RefDesignMgr::GetProject() const
 {
-    return &mProject;
+    return mProjectOpen ? &mProject : nullptr;
 }
 
 bool RefDesignMgr::GetProjectDirectory(AString& directory) const
 {
+    if (!mProjectOpen)
+    {
+        return false;
+    }
     directory = mProject.GetDirectory();
     return true;
 }

@@ -91,6 +91,36 @@ TEST_F(RefProjectTest, DesignManagerReportsTheProjectDirectory)
     EXPECT_EQ(mProject.GetDesignMgr().GetProject()->GetDirectory(), L"D:/moved/");
 }
 
+TEST_F(RefProjectTest, ClosedProjectGivesNoDirectoryAndComesBack)
+{
+    RefDesignMgr& designMgr = mProject.GetDesignMgr();
+    mProject.AddDesign(AString(L"top"));
+    designMgr.SetProjectOpen(false);
+    AString directory(L"untouched");
+    EXPECT_FALSE(designMgr.GetProjectDirectory(directory));
+    EXPECT_EQ(directory, L"untouched");
+    EXPECT_EQ(designMgr.GetProject(), nullptr);
+    // The project keeps what it owns while it is closed.
+    EXPECT_EQ(mProject.GetDesignCount(), 1u);
+
+    designMgr.SetProjectOpen(true);
+    ASSERT_TRUE(designMgr.GetProjectDirectory(directory));
+    EXPECT_EQ(directory, L"C:\\Work\\Amp");
+    EXPECT_EQ(designMgr.GetProject(), static_cast<IProject*>(&mProject));
+}
+
+TEST_F(RefProjectTest, CircuitManagerCanBeWithheldFromTheQuery)
+{
+    RefDesignMgr& designMgr = mProject.GetDesignMgr();
+    designMgr.SetCircuitMgrAvailable(false);
+    EXPECT_EQ(designMgr.Query<ICircuitMgr>(), nullptr);
+    EXPECT_EQ(InterfaceQuery<ICircuitMgr>(static_cast<IDesignMgr*>(&designMgr)), nullptr);
+    // The other managers still lead to it by accessor.
+    EXPECT_EQ(designMgr.GetRefDefinitionMgr().GetCircuitMgr(), &designMgr.GetRefCircuitMgr());
+    designMgr.SetCircuitMgrAvailable(true);
+    EXPECT_EQ(designMgr.Query<ICircuitMgr>(), &designMgr.GetRefCircuitMgr());
+}
+
 TEST_F(RefProjectTest, ProjectsHaveSeparateManagers)
 {
     RefProject& other = mApplication.AddProject(AString(L"Other"), AString(L"/other"));
