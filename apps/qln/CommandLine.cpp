@@ -2,6 +2,7 @@
 
 #include "BatchCommands.h"
 #include "NetCommands.h"
+#include "PathCommands.h"
 #include "Profiler.h"
 #include "QuillonVersion.h"
 #include "RefApplication.h"
@@ -106,6 +107,7 @@ void AddFamilies(CLI::App& app, CommandContext& context)
 {
     AddTextCommands(app, context);
     AddNetCommands(app, context);
+    AddPathCommands(app, context);
     AddBatchCommands(app, context);
 }
 
