@@ -52,9 +52,10 @@ struct PLINTH_API BlockTextError
     AString Describe(std::wstring_view file) const;
 };
 
-// Reads `utf8` into `root`. On success `root` holds the block of the text (a root takes its
-// name too; a sub-block keeps its own name) and the result is true. On failure the result
-// is false, `root` is unchanged and `error`, when given, says where and why.
+// Reads `utf8` into `root`. On success `root` holds the block of the text in place of its
+// old content, whose sub-blocks go with it (a root takes the name of the text's block too; a
+// sub-block keeps its own name), and the result is true. On failure the result is false,
+// `root` is unchanged and `error`, when given, says where and why.
 PLINTH_API bool ReadBlockText(std::string_view utf8, CBlock_func& root,
                               BlockTextError* error = nullptr,
                               const BlockReadLimits& limits = BlockReadLimits());

@@ -34,7 +34,10 @@ bool Fail(AString* error, const std::string& reason)
 
 std::string Quoted(const fs::path& path)
 {
-    return "'" + path.generic_string() + "'";
+    std::string text = "'";
+    text += path.generic_string();
+    text += "'";
+    return text;
 }
 
 // The file to replace: `path` itself, or the file that a symbolic link names.
@@ -66,9 +69,15 @@ std::string TemporaryName(const fs::path& target, unsigned attempt)
     const auto process = static_cast<unsigned long long>(::getpid());
 #endif
     // Cut long names so that the temporary name stays within the usual 255-byte limit.
-    return "." + target.filename().string().substr(0, 100) + ".tmp" + std::to_string(process) +
-           "-" + std::to_string((ticks ^ (++counter * 2654435761ull)) % 1000000007ull) + "-" +
-           std::to_string(attempt);
+    std::string name = ".";
+    name += target.filename().string().substr(0, 100);
+    name += ".tmp";
+    name += std::to_string(process);
+    name += '-';
+    name += std::to_string((ticks ^ (++counter * 2654435761ull)) % 1000000007ull);
+    name += '-';
+    name += std::to_string(attempt);
+    return name;
 }
 } // namespace
 

@@ -138,7 +138,7 @@ CBlock_func& BlockStore::Detached()
 
 Slot* BlockStore::AllocateSlots(std::size_t count)
 {
-    if (count >= 4 && std::has_single_bit(count))
+    if (count >= 4 && (count & (count - 1)) == 0)
     {
         const auto list = static_cast<std::size_t>(std::countr_zero(count));
         if (list < kFreeLists && mFreeSlots[list] != nullptr)
@@ -153,7 +153,7 @@ Slot* BlockStore::AllocateSlots(std::size_t count)
 
 void BlockStore::FreeSlotArray(Slot* slots, std::size_t count) noexcept
 {
-    if (slots == nullptr || count < 4 || !std::has_single_bit(count))
+    if (slots == nullptr || count < 4 || (count & (count - 1)) != 0)
     {
         return;
     }

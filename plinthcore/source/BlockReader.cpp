@@ -37,6 +37,24 @@ bool IsDigit(unsigned char c) noexcept
     return c >= '0' && c <= '9';
 }
 
+// Whether any of 8 bytes of text needs a closer look: a control character, a quote, a back
+// slash, DEL or a byte of a multi-byte character. Lets plain text be skipped 8 bytes a time.
+bool NeedsLook(std::uint64_t bytes) noexcept
+{
+    constexpr std::uint64_t kOnes = 0x0101010101010101ull;
+    constexpr std::uint64_t kHigh = 0x8080808080808080ull;
+    auto hasZero = [](std::uint64_t v) { return (v - kOnes) & ~v & kHigh; };
+    const std::uint64_t below = (bytes - kOnes * 0x20) & ~bytes & kHigh;  // < 0x20
+    const std::uint64_t above = ((bytes + kOnes * 0x01) | bytes) & kHigh; // >= 0x7F
+    return (below | above | hasZero(bytes ^ (kOnes * '"')) | hasZero(bytes ^ (kOnes * '\\'))) != 0;
+}
+
+// Blanks as the reader skips them: space, tab, CR, LF.
+constexpr bool IsBlank(unsigned char c) noexcept
+{
+    return c == ' ' || c == '\n' || c == '\t' || c == '\r';
+}
+
 // A short, printable rendering of a name or token for messages.
 std::string Shown(std::string_view text)
 {
@@ -73,6 +91,8 @@ public:
           mMaxDepth(std::clamp<std::size_t>(limits.maxDepth, 1, kMaxBlockDepth)),
           mMaxText(std::min(limits.maxTextBytes, kMaxBlockTextBytes))
     {
+        // Room for the items of a flat file without growing on the way.
+        mScratch.reserve(std::min<std::size_t>(text.size() / 32 + 16, std::size_t{1} << 20));
     }
 
     // The outermost block, or null on failure.
@@ -104,7 +124,7 @@ private:
     bool ParseValue(Slot& slot, const char* afterWhat);
     bool OpenBlock(std::string_view name, const char* at);
     bool CloseBlock();
-    bool Push(const Slot& slot, const char* at);
+    Slot* NewSlot(const char* at);
     bool DecodeEscape(std::string& out);
 
     const char* mBegin;
@@ -127,7 +147,11 @@ bool Parser::SkipBlanks()
     while (mPos < mEnd)
     {
         const auto c = static_cast<unsigned char>(*mPos);
-        if (c == ' ' || c == '\n' || c == '\t' || c == '\r')
+        if (c > ' ' && c != '#' && c != 0x7F)
+        {
+            break; // the common case: the next token starts here
+        }
+        if (IsBlank(c))
         {
             ++mPos;
         }
@@ -209,8 +233,6 @@ bool Parser::ParseItem()
         ++mPos;
         return CloseBlock();
     }
-    Slot slot;
-    slot.name = kNoName;
     if (c == '"')
     {
         std::string_view text;
@@ -235,9 +257,15 @@ bool Parser::ParseItem()
             {
                 return OpenBlock(text, start);
             }
-            slot.name = mStore.Intern(text);
+            const std::uint32_t key = mStore.Intern(text);
+            Slot* slot = NewSlot(start);
+            if (slot == nullptr)
+            {
+                return false;
+            }
+            slot->name = key;
             ++mPos;
-            return ParseValue(slot, "=") && Push(slot, start);
+            return ParseValue(*slot, "=");
         }
         if (text.size() > mMaxText)
         {
@@ -245,12 +273,24 @@ bool Parser::ParseItem()
                                    " bytes is longer than the limit of " +
                                    std::to_string(mMaxText) + " bytes");
         }
-        mStore.SetText(slot, text);
-        return Push(slot, start);
+        Slot* slot = NewSlot(start);
+        if (slot == nullptr)
+        {
+            return false;
+        }
+        slot->name = kNoName;
+        mStore.SetText(*slot, text);
+        return true;
     }
     if (c == '-' || IsDigit(c))
     {
-        return ParseNumber(slot) && Push(slot, start);
+        Slot* slot = NewSlot(start);
+        if (slot == nullptr)
+        {
+            return false;
+        }
+        slot->name = kNoName;
+        return ParseNumber(*slot);
     }
     if (IsIdentifierStart(c))
     {
@@ -262,7 +302,13 @@ bool Parser::ParseItem()
         const std::string_view word(mPos, static_cast<std::size_t>(end - mPos));
         if (word == "true" || word == "false" || word == "inf" || word == "nan")
         {
-            if (!ParseValue(slot, nullptr) || !SkipBlanks())
+            Slot* slot = NewSlot(start);
+            if (slot == nullptr)
+            {
+                return false;
+            }
+            slot->name = kNoName;
+            if (!ParseValue(*slot, nullptr) || !SkipBlanks())
             {
                 return false;
             }
@@ -270,7 +316,13 @@ bool Parser::ParseItem()
             {
                 return Fail(start, Shown(word) + " is a value; as a name it is written in quotes");
             }
-            return Push(slot, start);
+            return true;
+        }
+        if (word.size() > kMaxBlockNameBytes)
+        {
+            return Fail(start, "a name of " + std::to_string(word.size()) +
+                                   " bytes is longer than the limit of " +
+                                   std::to_string(kMaxBlockNameBytes) + " bytes");
         }
         mPos = end;
         if (!SkipBlanks())
@@ -283,9 +335,15 @@ bool Parser::ParseItem()
         }
         if (mPos < mEnd && *mPos == '=')
         {
-            slot.name = mStore.Intern(word);
+            const std::uint32_t key = mStore.Intern(word);
+            Slot* slot = NewSlot(start);
+            if (slot == nullptr)
+            {
+                return false;
+            }
+            slot->name = key;
             ++mPos;
-            return ParseValue(slot, "=") && Push(slot, start);
+            return ParseValue(*slot, "=");
         }
         return Fail(mPos, "expected '=' or '{' after the name " + Shown(word));
     }
@@ -456,7 +514,17 @@ bool Parser::ParseText(std::string_view& text, bool isName)
 {
     const char* open = mPos;
     const char* p = ++mPos;
-    // Fast path: plain ASCII up to the closing quote.
+    // Fast path: plain ASCII up to the closing quote, 8 bytes a time while possible.
+    while (mEnd - p >= 8)
+    {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, p, sizeof(bytes));
+        if (NeedsLook(bytes))
+        {
+            break;
+        }
+        p += 8;
+    }
     while (p < mEnd)
     {
         const auto c = static_cast<unsigned char>(*p);
@@ -717,14 +785,14 @@ bool Parser::OpenBlock(std::string_view name, const char* at)
     }
     else
     {
-        Slot slot;
-        slot.name = nameId;
-        slot.tag = Slot::Tag(SlotKind::kBlock);
-        slot.block = block;
-        if (!Push(slot, at))
+        Slot* slot = NewSlot(at);
+        if (slot == nullptr)
         {
             return false;
         }
+        slot->name = nameId;
+        slot->tag = Slot::Tag(SlotKind::kBlock);
+        slot->block = block;
     }
     mFrames.push_back({block, mScratch.size(), at});
     return true;
@@ -747,16 +815,19 @@ bool Parser::CloseBlock()
     return true;
 }
 
-bool Parser::Push(const Slot& slot, const char* at)
+// A new item of the innermost open block, filled in place by the caller (building it
+// elsewhere and copying it costs a store-forwarding stall per item); null when the block is
+// full.
+Slot* Parser::NewSlot(const char* at)
 {
     const Frame& frame = mFrames.back();
     if (mScratch.size() - frame.first >= kMaxBlockItems)
     {
-        return Fail(at, "the block " + Shown(frame.block->GetNameUtf8()) + " holds more than " +
-                            std::to_string(kMaxBlockItems) + " items");
+        Fail(at, "the block " + Shown(frame.block->GetNameUtf8()) + " holds more than " +
+                     std::to_string(kMaxBlockItems) + " items");
+        return nullptr;
     }
-    mScratch.push_back(slot);
-    return true;
+    return &mScratch.emplace_back();
 }
 
 // Line and column (1-based, in characters) of a byte offset.

@@ -271,6 +271,26 @@ TEST(BlockReader, TextAndInputSizesAreLimited)
     EXPECT_NE(error.reason.find(L"limit of 8 bytes"), AString::npos);
 }
 
+TEST(BlockReader, NamesAreLimitedWhetherBareOrQuoted)
+{
+    const std::string longest(io::kMaxBlockNameBytes, 'n');
+    const std::string tooLong = longest + "n";
+    const std::string inputs[] = {longest + " { }", "B { " + longest + "=1 }",
+                                  "B { \"" + longest + "\" { } }", "B : " + longest + " { }"};
+    const std::string refused[] = {tooLong + " { }", "B { " + tooLong + "=1 }",
+                                   "B { \"" + tooLong + "\" { } }", "B : " + tooLong + " { }"};
+    CBlock_func root;
+    BlockTextError error;
+    for (std::size_t i = 0; i < std::size(inputs); ++i)
+    {
+        SCOPED_TRACE(i);
+        EXPECT_TRUE(io::ReadBlockText(inputs[i], root, &error));
+        EXPECT_FALSE(io::ReadBlockText(refused[i], root, &error));
+        EXPECT_NE(error.reason.find(L"name of 65537 bytes"), AString::npos)
+            << error.reason.ToUTF8();
+    }
+}
+
 TEST(BlockReader, ReadingIntoSubBlockKeepsItsName)
 {
     CBlock_func root(L"R");
