@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <map>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -270,10 +271,21 @@ public:
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs)
         {
-            const auto found = run.counters.find("items_per_second");
-            if (found != run.counters.end())
+            // One figure per case: the median when repetitions are aggregated.
+            const bool median = run.run_type == Run::RT_Aggregate && run.aggregate_name == "median";
+            if (run.run_type == Run::RT_Aggregate && !median)
             {
-                mRate[run.benchmark_name()] = found->second.value;
+                continue;
+            }
+            const auto found = run.counters.find("items_per_second");
+            if (found != run.counters.end() &&
+                (median || !mFromMedian.contains(run.run_name.function_name)))
+            {
+                mRate[run.run_name.function_name] = found->second.value;
+                if (median)
+                {
+                    mFromMedian.insert(run.run_name.function_name);
+                }
             }
         }
     }
@@ -335,6 +347,7 @@ public:
 
 private:
     std::map<std::string, double> mRate;
+    std::set<std::string> mFromMedian;
 };
 } // namespace
 
