@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "BatchCommands.h"
+#include "BlockCommands.h"
 #include "NetCommands.h"
 #include "PathCommands.h"
 #include "Profiler.h"
@@ -108,6 +109,7 @@ void AddFamilies(CLI::App& app, CommandContext& context)
     AddTextCommands(app, context);
     AddNetCommands(app, context);
     AddPathCommands(app, context);
+    AddBlockCommands(app, context);
     AddBatchCommands(app, context);
 }
 

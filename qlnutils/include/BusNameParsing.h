@@ -17,8 +17,9 @@
 #include <set>
 #include <vector>
 
-// Largest number of members one index text may stand for. A range beyond it (such as
-// "a[0:2147483647]") makes the index text invalid instead of exhausting memory.
+// Largest number of members one name may stand for. An index text beyond it (such as
+// "a[0:2147483647]") is invalid, and a name whose elements together go beyond it is refused
+// like a structural error (result 0), instead of exhausting memory.
 inline constexpr int kMaxBusMembers = 1 << 20;
 
 // Expansion and counting --------------------------------------------------------------
@@ -42,7 +43,7 @@ QLN_API int GetUniqueSignals(const AString& name, std::set<AString, AString::NoC
 QLN_API int GetUniqueSignalCount(const AString& name);
 // Appends baseName[i] for every i from one below the smallest index of `busName` (never
 // below 0) to one above the largest, gaps filled. Returns the size of `signals`; 0 when
-// refused (baseName not simple, busName not a bus).
+// refused (baseName not simple, busName not a bus, more than kMaxBusMembers to fill).
 //   ("n", "d[3:5]") => n[2] ... n[6]
 QLN_API int GetUniqueAdjacentBusSignals(const AString& baseName, const AString& busName,
                                         std::vector<AString>& signals);
