@@ -36,9 +36,10 @@ bool SameNoCase(const std::vector<AString>& a, const std::vector<AString>& b)
     return true;
 }
 
-// Members that compose back into a name losslessly: square bus members with one plain index
-// ("base[7]", as canonical expansion writes them), or names without any bracket. (In
-// environment 0 a whole name can be one "simple" member that merely looks like a bus.)
+// Members that compose back into a name losslessly: square bus members with a base and one
+// plain index ("base[7]", as canonical expansion writes them), or names without any bracket.
+// (In environment 0 a whole name can be one "simple" member that merely looks like a bus,
+// and a bus without a base, "[5:1]", is a simple name.)
 bool Recomposable(const std::vector<AString>& members)
 {
     for (const AString& member : members)
@@ -49,8 +50,8 @@ bool Recomposable(const std::vector<AString>& members)
         }
         AString base;
         AString index;
-        if (!IsBusMember(member, base, index) || index.size() < 3 || index.front() != L'[' ||
-            index.find_first_not_of(L"0123456789", 1) != index.size() - 1)
+        if (!IsBusMember(member, base, index) || base.empty() || index.size() < 3 ||
+            index.front() != L'[' || index.find_first_not_of(L"0123456789", 1) != index.size() - 1)
         {
             return false;
         }
@@ -96,7 +97,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int unique = GetUniqueSignalCount(name);
     Check(unique <= count, "GetUniqueSignalCount <= GetSignalCount", name);
 
-    if (canonicalCount > 0 && Recomposable(canonical))
+    // In environment 0 a list whose first bracket is "[" is one simple name unless the whole
+    // text ends like a bus member, so composing is only reversible in the other environments.
+    if (data[0] % 2 == 1 && canonicalCount > 0 && Recomposable(canonical))
     {
         const AString composed = CreateNetName(canonical);
         std::vector<AString> again;

@@ -1,7 +1,9 @@
 #include "CommandLine.h"
 
 #include "BatchCommands.h"
+#include "BlockCommands.h"
 #include "NetCommands.h"
+#include "PathCommands.h"
 #include "Profiler.h"
 #include "QuillonVersion.h"
 #include "RefApplication.h"
@@ -106,6 +108,8 @@ void AddFamilies(CLI::App& app, CommandContext& context)
 {
     AddTextCommands(app, context);
     AddNetCommands(app, context);
+    AddPathCommands(app, context);
+    AddBlockCommands(app, context);
     AddBatchCommands(app, context);
 }
 

@@ -17,15 +17,17 @@
 #include <set>
 #include <vector>
 
-// Largest number of members one index text may stand for. A range beyond it (such as
-// "a[0:2147483647]") makes the index text invalid instead of exhausting memory.
+// Largest number of members one name may stand for. An index text beyond it (such as
+// "a[0:2147483647]") is invalid, and a name whose elements together go beyond it is refused
+// like a structural error (result 0), instead of exhausting memory.
 inline constexpr int kMaxBusMembers = 1 << 20;
 
 // Expansion and counting --------------------------------------------------------------
 
 // Appends the member signals of `name` in written order, each bus member in the bracket
 // style last seen in the name (carried over between elements). Returns the size of
-// `signals`, or 0 for an invalid name (members appended before the error stay).
+// `signals`, 1 for a simple wire name (appended whole), or 0 for an invalid name (members
+// appended before the error stay).
 //   "d<3-1>"  => d<3>, d<2>, d<1>
 //   "a,,b"    => a (appended), result 0
 QLN_API int GetAllSignals(const AString& name, std::vector<AString>& signals);
@@ -35,14 +37,15 @@ QLN_API int GetAllSignalsCanonical(const AString& name, std::vector<AString>& si
 // The number of signals of `name`, duplicates counted; 1 for a simple wire name.
 QLN_API int GetSignalCount(const AString& name);
 // Inserts the distinct members of `name` (ascending within each element, each element in
-// its own bracket style). Returns the size of the set, or 0 for an invalid name.
+// its own bracket style). Returns the size of the set, 1 for a simple wire name, or 0 for an
+// invalid name.
 //   "d[3:1],D[2],e<0>" => {d[1], d[2], d[3], e<0>}
 QLN_API int GetUniqueSignals(const AString& name, std::set<AString, AString::NoCaseLess>& signals);
 // The number of distinct signals of `name`; 1 for a simple wire name.
 QLN_API int GetUniqueSignalCount(const AString& name);
 // Appends baseName[i] for every i from one below the smallest index of `busName` (never
 // below 0) to one above the largest, gaps filled. Returns the size of `signals`; 0 when
-// refused (baseName not simple, busName not a bus).
+// refused (baseName not simple, busName not a bus, more than kMaxBusMembers to fill).
 //   ("n", "d[3:5]") => n[2] ... n[6]
 QLN_API int GetUniqueAdjacentBusSignals(const AString& baseName, const AString& busName,
                                         std::vector<AString>& signals);

@@ -214,7 +214,8 @@ AString MemberName(std::wstring_view base, wchar_t open, int index, wchar_t clos
 // The element scanner shared by expansion, de-duplication and counting. Calls
 // `finish(element, open, close)` for each complete element, where open and close are the
 // bracket characters last seen in the name so far; false on a structural error (nested or
-// unbalanced brackets, an empty element), after the elements before it were finished.
+// unbalanced brackets, an empty element), after the elements before it were finished, or when
+// `finish` answers false (the name stands for too many members).
 template <typename Finish> bool ScanElements(std::wstring_view name, Finish&& finish)
 {
     std::size_t start = 0;
@@ -250,7 +251,10 @@ template <typename Finish> bool ScanElements(std::wstring_view name, Finish&& fi
             }
             if (!insideBrackets)
             {
-                finish(name.substr(start, i - start), open, close);
+                if (!finish(name.substr(start, i - start), open, close))
+                {
+                    return false;
+                }
                 start = i + 1;
             }
         }
@@ -259,8 +263,7 @@ template <typename Finish> bool ScanElements(std::wstring_view name, Finish&& fi
     {
         return false;
     }
-    finish(name.substr(start), open, close);
-    return true;
+    return finish(name.substr(start), open, close);
 }
 
 int ExpandSignalList(const AString& name, std::vector<AString>& signals, bool canonical)
@@ -271,9 +274,11 @@ int ExpandSignalList(const AString& name, std::vector<AString>& signals, bool ca
     }
     if (IsSimpleWireName(name))
     {
+        // A simple name answers 1, whatever the vector held before.
         signals.push_back(name);
-        return static_cast<int>(signals.size());
+        return 1;
     }
+    long long total = 0;
     const bool ok = ScanElements(
         name,
         [&](std::wstring_view element, wchar_t open, wchar_t close)
@@ -282,16 +287,21 @@ int ExpandSignalList(const AString& name, std::vector<AString>& signals, bool ca
             if (!FitsEither(element, &parts))
             {
                 signals.emplace_back(element);
-                return;
+                return ++total <= kMaxBusMembers;
             }
             if (!IsIndexList(parts.index))
             {
-                return;
+                return true;
             }
             const long long count = CountIndexMembers(parts.index);
             if (count < 0)
             {
-                return;
+                return true;
+            }
+            total += count;
+            if (total > kMaxBusMembers)
+            {
+                return false;
             }
             if (canonical)
             {
@@ -301,6 +311,7 @@ int ExpandSignalList(const AString& name, std::vector<AString>& signals, bool ca
             signals.reserve(signals.size() + static_cast<std::size_t>(count));
             ForEachIndex(parts.index, [&](int index)
                          { signals.push_back(MemberName(parts.base, open, index, close)); });
+            return true;
         });
     return ok ? static_cast<int>(signals.size()) : 0;
 }
@@ -554,13 +565,13 @@ int GetSignalCount(const AString& name)
                                      if (!FitsEither(element, &parts))
                                      {
                                          ++count;
-                                         return;
                                      }
-                                     if (IsIndexList(parts.index))
+                                     else if (IsIndexList(parts.index))
                                      {
                                          const long long members = CountIndexMembers(parts.index);
                                          count += members > 0 ? members : 0;
                                      }
+                                     return count <= kMaxBusMembers;
                                  });
     return ok ? static_cast<int>(std::min<long long>(count, std::numeric_limits<int>::max())) : 0;
 }
@@ -577,6 +588,7 @@ int GetUniqueSignals(const AString& name, std::set<AString, AString::NoCaseLess>
         return 1;
     }
     std::set<int> indices;
+    long long total = 0;
     const bool ok = ScanElements(
         name,
         [&](std::wstring_view element, wchar_t, wchar_t)
@@ -586,18 +598,24 @@ int GetUniqueSignals(const AString& name, std::set<AString, AString::NoCaseLess>
             if (!square && !FitsAngle(element, &parts))
             {
                 signals.insert(AString(element));
-                return;
+                return ++total <= kMaxBusMembers;
             }
             indices.clear();
             if (!ParseIndexSet(parts.index, indices))
             {
-                return;
+                return true;
+            }
+            total += static_cast<long long>(indices.size());
+            if (total > kMaxBusMembers)
+            {
+                return false;
             }
             for (const int index : indices)
             {
                 signals.insert(MemberName(parts.base, square ? kSquareOpen : kAngleOpen, index,
                                           square ? kSquareClose : kAngleClose));
             }
+            return true;
         });
     return ok ? static_cast<int>(signals.size()) : 0;
 }
@@ -632,7 +650,8 @@ int GetUniqueAdjacentBusSignals(const AString& basename, const AString& busName,
     }
     const long long lo = *indices.begin() > 0 ? *indices.begin() - 1LL : *indices.begin();
     const long long hi = *indices.rbegin() + 1LL;
-    if (hi > std::numeric_limits<int>::max())
+    // Gaps are filled, so two far-apart indices could stand for billions of members.
+    if (hi > std::numeric_limits<int>::max() || hi - lo + 1 > kMaxBusMembers)
     {
         return 0;
     }

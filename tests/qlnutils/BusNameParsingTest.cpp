@@ -115,6 +115,9 @@ TEST_F(BusNameParsingTest, AppendsToOutputAndCountsTotal)
     Signals signals{L"keep"};
     EXPECT_EQ(GetAllSignals(L"d[0:1]", signals), 3);
     EXPECT_EQ(Joined(signals), "keep|d[0]|d[1]");
+    // A simple wire name answers 1, like the de-duplicating form.
+    EXPECT_EQ(GetAllSignals(L"clk", signals), 1);
+    EXPECT_EQ(signals.size(), 4u);
     SignalSet set{L"zz"};
     EXPECT_EQ(GetUniqueSignals(L"a[0:1]", set), 3);
     // A simple wire name answers 1 whatever the set held before.
@@ -237,6 +240,16 @@ TEST_F(BusNameParsingTest, RefusesHugeRanges)
     std::vector<int> list;
     EXPECT_FALSE(ParseIndexList(L"0:2000000", list));
     EXPECT_TRUE(list.empty());
+    // Elements within the limit each, beyond it together: the name is refused as a whole.
+    const AString half = AString::Formatted(L"a[1:%d]", kMaxBusMembers / 2 + 1);
+    const AString twoHalves = half + L"," + half;
+    EXPECT_EQ(GetSignalCount(twoHalves), 0);
+    EXPECT_EQ(GetSignalCount(half), kMaxBusMembers / 2 + 1);
+    signals.clear();
+    EXPECT_EQ(GetAllSignals(twoHalves, signals), 0);
+    EXPECT_EQ(signals.size(), static_cast<std::size_t>(kMaxBusMembers / 2 + 1));
+    SignalSet set;
+    EXPECT_EQ(GetUniqueSignals(twoHalves + L",b", set), 0);
 }
 
 TEST_F(BusNameParsingTest, FindsAdjacentBusSignals)
@@ -250,6 +263,7 @@ TEST_F(BusNameParsingTest, FindsAdjacentBusSignals)
     signals.clear();
     EXPECT_EQ(GetUniqueAdjacentBusSignals(L"n[1]", L"d[0]", signals), 0);
     EXPECT_EQ(GetUniqueAdjacentBusSignals(L"n", L"d", signals), 0);
+    EXPECT_EQ(GetUniqueAdjacentBusSignals(L"n", L"d[0,2147483646]", signals), 0);
     EXPECT_TRUE(signals.empty());
     AssertCapture capture;
     EXPECT_EQ(GetUniqueAdjacentBusSignals(L"", L"d[0]", signals), 0);
