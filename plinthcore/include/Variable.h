@@ -32,6 +32,8 @@ public:
     const AString& GetName() const { return mName; }
     // Renames the variable; false, name unchanged, when `name` is no valid name (IsValidName).
     bool ChangeName(const AString& name);
+    // Sets the name without checks, for readers that restore a stored name.
+    void SetName(const AString& name) { mName = name; }
     // Whether it is a project variable: its name begins with "$".
     bool IsProjectVariable() const;
 

@@ -3,7 +3,7 @@
 #include "ExpressionFunction.h"
 #include "Units.h"
 
-#include <cwctype>
+#include <unicode/uchar.h>
 #include <utility>
 
 namespace
@@ -45,7 +45,7 @@ bool IsDigit(wchar_t c)
 bool IsLetter(wchar_t c)
 {
     return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') ||
-           (c >= 0x80 && std::iswalpha(static_cast<wint_t>(c)) != 0);
+           (c >= 0x80 && u_isalpha(static_cast<UChar32>(c)) != 0);
 }
 
 bool IsNameStart(wchar_t c)

@@ -2,7 +2,7 @@
 
 #include "ValueBase.h"
 
-#include <cwctype>
+#include <unicode/uchar.h>
 #include <utility>
 
 namespace
@@ -10,7 +10,7 @@ namespace
 bool IsIdentifierStart(wchar_t c)
 {
     return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || c == L'_' ||
-           (c >= 0x80 && std::iswalpha(static_cast<wint_t>(c)) != 0);
+           (c >= 0x80 && u_isalpha(static_cast<UChar32>(c)) != 0);
 }
 
 bool IsIdentifierPart(wchar_t c)
@@ -51,8 +51,8 @@ bool Variable::IsValidName(std::wstring_view name)
     for (std::size_t i = 0; i < name.size(); ++i)
     {
         const wchar_t c = name[i];
-        if (c == L'"' || (c == L'$' && i != 0) || std::iswspace(static_cast<wint_t>(c)) != 0 ||
-            std::iswcntrl(static_cast<wint_t>(c)) != 0)
+        if (c == L'"' || (c == L'$' && i != 0) || u_isUWhiteSpace(static_cast<UChar32>(c)) != 0 ||
+            u_iscntrl(static_cast<UChar32>(c)) != 0)
         {
             return false;
         }
