@@ -24,6 +24,8 @@ public:
 
     // The number in the property's unit (the last one set, 0 at first, also while unset).
     double GetNumber() const { return mNumber; }
+    // The number, also while unset.
+    double GetValue() const override { return mNumber; }
     bool IsSet() const { return mIsSet; }
     Units::FullUnitType GetUnit() const { return mUnit; }
     // Sets the number from `text`, written in `unit` unless it names its own, and converts it

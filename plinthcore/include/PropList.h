@@ -10,6 +10,7 @@
 #include "Block.h"
 #include "IReceiver.h"
 #include "PlinthExport.h"
+#include "Property.h"
 #include "VariableScope.h"
 
 #include <cstddef>
@@ -20,7 +21,6 @@ class ConstPropVisitor;
 class IPropClientFactory;
 class IPropertyFactory;
 class Msg;
-class Property;
 class PropVisitor;
 
 class PLINTH_API PropList : public IVariableScope, public IReceiver

@@ -21,6 +21,7 @@ class IPropServer;
 class IScriptArgInfo;
 class PropList;
 class PropVisitor;
+class ValueBase;
 
 // How closely two properties agree (Property::MatchProp), from none to all.
 enum PropMatch : int
@@ -75,6 +76,12 @@ public:
     virtual bool ChangeValue(const AComplex<double>& value);
     // From another property: its value text, unless the class knows better.
     virtual bool ChangeValue(const Property& other);
+
+    // The numeric value: 0 unless the class holds a number (evaluated where it holds a value
+    // object).
+    virtual double GetValue() const;
+    // The value object the property holds (ValueProp, VariableProp), or null.
+    virtual ValueBase* GetValueBase() const;
 
     // Whether the value carries a physical unit, and the kind of that unit.
     virtual bool HasUnits() const;

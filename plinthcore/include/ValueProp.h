@@ -42,12 +42,12 @@ public:
     // A number in the property's unit.
     bool ChangeValue(const double& value) override;
     // The numeric value, evaluated in the scope of the owning list (0 without a value).
-    virtual double GetValue() const;
+    double GetValue() const override;
 
     const Value& GetValueObject() const { return mValue; }
     // Holds `value` (shared) without checks.
     void SetValue(const Value& value) { mValue = value; }
-    ValueBase* GetValueBase() const { return mValue.GetValueBase(); }
+    ValueBase* GetValueBase() const override { return mValue.GetValueBase(); }
     // Takes `value` over (made with new; null empties) without checks.
     void SetValueBase(ValueBase* value) { mValue.SetValueBase(value); }
 

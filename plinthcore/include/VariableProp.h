@@ -48,7 +48,9 @@ public:
     bool ChangeValue(const AString& text) override;
     bool ChangeValue(const double& value) override;
     // The variable's numeric value, evaluated in the scope of the owning list.
-    virtual double GetValue() const;
+    double GetValue() const override;
+    // The variable's value object, or null.
+    ValueBase* GetValueBase() const override;
 
     Units::FullUnitType GetDefaultUnits() const { return mUnit; }
     void SetDefaultUnits(Units::FullUnitType unit) { mUnit = unit; }

@@ -49,6 +49,16 @@ bool Property::ChangeValue(const Property& other)
     return ChangeValue(other.PropertyValue());
 }
 
+double Property::GetValue() const
+{
+    return 0.0;
+}
+
+ValueBase* Property::GetValueBase() const
+{
+    return nullptr;
+}
+
 bool Property::HasUnits() const
 {
     return false;

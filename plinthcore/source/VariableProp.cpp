@@ -93,6 +93,11 @@ double VariableProp::GetValue() const
     return mVariable->GetValue();
 }
 
+ValueBase* VariableProp::GetValueBase() const
+{
+    return mVariable->GetValueObject().GetValueBase();
+}
+
 Units::FullUnitType VariableProp::GetUnits() const
 {
     const Units::FullUnitType unit = mVariable->GetValueObject().GetUnits();

@@ -204,3 +204,28 @@ TEST(PropListTest, PropertiesThatRefuseToExistAreLeftOut)
     ASSERT_EQ(read.Read(block, factory, nullptr), io::kNoError);
     EXPECT_EQ(Names(read), (std::vector<AString>{L"keep"}));
 }
+
+TEST(PropListTest, ValuesReadThroughTheBaseClassWhateverTheProperty)
+{
+    PropList list;
+    list.AddProp(new VariableProp(L"w", Value(L"2", Units::kNoUnit), {}));
+    auto* value = new ValueProp(L"v", {});
+    value->ChangeValue(L"w*3");
+    list.AddProp(value);
+    list.AddProp(new NumberProp(L"n", 2.5, true, Units::kNoUnit, {}));
+    list.AddProp(new TextProp(L"t", L"7", {}));
+    struct Case
+    {
+        const wchar_t* name;
+        double value;
+        bool hasValueObject;
+    };
+    const Case cases[] = {{L"w", 2, true}, {L"v", 6, true}, {L"n", 2.5, false}, {L"t", 0, false}};
+    for (const Case& c : cases)
+    {
+        const Property* prop = list.FindProp(c.name);
+        ASSERT_NE(prop, nullptr);
+        EXPECT_EQ(prop->GetValue(), c.value);
+        EXPECT_EQ(prop->GetValueBase() != nullptr, c.hasValueObject);
+    }
+}
