@@ -8,6 +8,7 @@
 #include "QuillonVersion.h"
 #include "RefApplication.h"
 #include "TextCommands.h"
+#include "ValueCommands.h"
 
 #include <CLI/CLI.hpp>
 
@@ -108,6 +109,7 @@ void AddFamilies(CLI::App& app, CommandContext& context)
 {
     AddTextCommands(app, context);
     AddNetCommands(app, context);
+    AddValueCommands(app, context);
     AddPathCommands(app, context);
     AddBlockCommands(app, context);
     AddBatchCommands(app, context);
