@@ -38,8 +38,8 @@ public:
     bool SetCurrentIndex(unsigned int index);
     // The current choice; "" when there are no choices.
     AString GetCurrentChoice() const;
-    // The index of the choice equal to `text` ignoring case (surrounding double quotes
-    // ignored), or -1.
+    // The index of the choice equal to `text` ignoring case (blanks around it ignored), else
+    // of the one equal to the content of a quoted `text`; -1 when none is.
     int FindChoice(const AString& text) const;
 
     int GetPropType() const override { return kMenuPropType; }
@@ -67,6 +67,12 @@ public:
     bool Write(io::CBlock_func& block) const override;
     // A missing "Choices" block or an index past the choices fails the read.
     io::ReadError Read(const io::CBlock_func& block, IPropClientFactory* factory) override;
+    // The neutral form, followed by the "Choices" sub-block, so that a menu reads it back;
+    // other properties take the current choice as their text.
+    bool WriteNeutral(io::CBlock_func& block) const override;
+    // Takes the choices when the block has them, then selects the choice named by the text;
+    // a text that names none fails the read.
+    io::ReadError ReadNeutral(const io::CBlock_func& block) override;
 
 private:
     std::vector<AString> mChoices;

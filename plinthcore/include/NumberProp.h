@@ -60,6 +60,11 @@ public:
     //   Prop { "T" 0 25.0 true 1009 }
     bool Write(io::CBlock_func& block) const override;
     io::ReadError Read(const io::CBlock_func& block, IPropClientFactory* factory) override;
+    // The neutral form, followed by the unit (integer code), so that a number property reads
+    // it back in its unit; other properties take the text with its unit.
+    bool WriteNeutral(io::CBlock_func& block) const override;
+    // Takes the unit when the block has it, then the text ("" unsets the number).
+    io::ReadError ReadNeutral(const io::CBlock_func& block) override;
 
 private:
     double mNumber = 0.0;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 namespace
 {
@@ -27,6 +28,40 @@ public:
     ~ActiveVariable() { ActiveVariables().pop_back(); }
     ActiveVariable(const ActiveVariable&) = delete;
     ActiveVariable& operator=(const ActiveVariable&) = delete;
+};
+
+// What one evaluation (or unit inference) has learnt about the variables it met: each is
+// worked out once however often it is named, so that variables built from variables cost
+// time in proportion to their number, not to the number of paths through them.
+struct Session
+{
+    int depth = 0;
+    std::unordered_map<const Variable*, double> values;
+    std::unordered_map<const Variable*, Units::FullUnitType> units;
+};
+
+Session& CurrentSession()
+{
+    static Session session;
+    return session;
+}
+
+// Opens the session, or joins the one open; the outermost scope forgets what was learnt.
+class SessionScope
+{
+public:
+    SessionScope() { ++CurrentSession().depth; }
+    ~SessionScope()
+    {
+        Session& session = CurrentSession();
+        if (--session.depth == 0)
+        {
+            session.values.clear();
+            session.units.clear();
+        }
+    }
+    SessionScope(const SessionScope&) = delete;
+    SessionScope& operator=(const SessionScope&) = delete;
 };
 
 bool IsActive(const Variable* variable)
@@ -107,6 +142,7 @@ std::unique_ptr<ExpressionNode> ExpressionNode::Clone() const
 
 bool ExpressionNode::Evaluate(double& value, ValueError& error) const
 {
+    SessionScope session;
     switch (mKind)
     {
     case Kind::kNumber:
@@ -174,6 +210,12 @@ bool ExpressionNode::EvaluateName(double& value, ValueError& error) const
             error = ValueError(ValueError::kUnresolvedName, mPosition, mText);
             return false;
         }
+        auto& known = CurrentSession().values;
+        if (const auto found = known.find(variable); found != known.end())
+        {
+            value = found->second;
+            return true;
+        }
         if (ActiveVariables().size() >= kMaxReferenceDepth)
         {
             error = ValueError(ValueError::kReferencesTooDeep, mPosition, variable->GetName());
@@ -185,6 +227,7 @@ bool ExpressionNode::EvaluateName(double& value, ValueError& error) const
             error = ValueError(error.GetKind(), mPosition, error.GetSubject());
             return false;
         }
+        known[variable] = value;
         return true;
     }
     if (ExpressionFunctions::FindConstant(mText, value, nullptr))
@@ -346,6 +389,7 @@ void ExpressionNode::Regenerate(AString& text) const
 
 Units::FullUnitType ExpressionNode::InferUnits() const
 {
+    SessionScope session;
     switch (mKind)
     {
     case Kind::kNumber:
@@ -363,8 +407,15 @@ Units::FullUnitType ExpressionNode::InferUnits() const
         {
             return Units::kNoUnit;
         }
+        auto& known = CurrentSession().units;
+        if (const auto found = known.find(variable); found != known.end())
+        {
+            return found->second;
+        }
         ActiveVariable active(variable);
-        return base->GetUnits();
+        const Units::FullUnitType unit = base->GetUnits();
+        known[variable] = unit;
+        return unit;
     }
     case Kind::kInstance:
         return mReference != nullptr ? mReference->GetUnits() : Units::kNoUnit;

@@ -73,21 +73,26 @@ AString MenuProp::GetCurrentChoice() const
 
 int MenuProp::FindChoice(const AString& text) const
 {
+    const auto find = [this](const AString& wanted)
+    {
+        for (std::size_t i = 0; i < mChoices.size(); ++i)
+        {
+            if (mChoices[i].CompareNoCase(wanted) == 0)
+            {
+                return static_cast<int>(i);
+            }
+        }
+        return -1;
+    };
     AString bare = text;
     bare.Trim();
-    if (StringValue::IsQuoted(bare))
+    int index = find(bare);
+    if (index < 0 && StringValue::IsQuoted(bare))
     {
         std::unique_ptr<StringValue> parsed(StringValue::Parse(bare));
-        bare = parsed->GetText();
+        index = find(parsed->GetText());
     }
-    for (std::size_t i = 0; i < mChoices.size(); ++i)
-    {
-        if (mChoices[i].CompareNoCase(bare) == 0)
-        {
-            return static_cast<int>(i);
-        }
-    }
-    return -1;
+    return index;
 }
 
 bool MenuProp::ChangeValue(const AString& text)
@@ -178,6 +183,55 @@ io::ReadError MenuProp::Read(const io::CBlock_func& block, IPropClientFactory* /
     SetReadHeader(std::move(name), flags);
     mChoices = std::move(choices);
     mCurrent = current;
+    return io::kNoError;
+}
+
+bool MenuProp::WriteNeutral(io::CBlock_func& block) const
+{
+    Property::WriteNeutral(block);
+    io::CBlock_func& choices = block.AddBlock(L"Choices");
+    for (const AString& choice : mChoices)
+    {
+        choices.AddValue(choice);
+    }
+    return true;
+}
+
+io::ReadError MenuProp::ReadNeutral(const io::CBlock_func& block)
+{
+    AString name;
+    int type = 0;
+    PropFlags flags;
+    AString text;
+    if (ReadNeutralPropHeader(block, name, type, flags) != io::kNoError ||
+        !block.ReadValue(text))
+    {
+        return io::kReadFailed;
+    }
+    MenuProp read(*this);
+    if (const io::CBlock_func* list = block.FindBlock(L"Choices"))
+    {
+        std::vector<AString> choices;
+        list->ResetReadPosition();
+        AString choice;
+        while (list->ReadValue(choice))
+        {
+            choices.push_back(choice);
+        }
+        if (choices.size() != list->GetItemCount())
+        {
+            return io::kReadFailed;
+        }
+        read.mChoices = std::move(choices);
+        read.mCurrent = 0;
+    }
+    if (!(text.empty() && read.mChoices.empty()) && !read.ChangeValue(text))
+    {
+        return io::kReadFailed;
+    }
+    SetReadHeader(std::move(name), flags);
+    mChoices = std::move(read.mChoices);
+    mCurrent = read.mCurrent;
     return io::kNoError;
 }
 

@@ -111,6 +111,45 @@ io::ReadError NumberProp::Read(const io::CBlock_func& block, IPropClientFactory*
     return io::kNoError;
 }
 
+bool NumberProp::WriteNeutral(io::CBlock_func& block) const
+{
+    Property::WriteNeutral(block);
+    block.AddValue(static_cast<int>(mUnit));
+    return true;
+}
+
+io::ReadError NumberProp::ReadNeutral(const io::CBlock_func& block)
+{
+    AString name;
+    int type = 0;
+    PropFlags flags;
+    AString text;
+    if (ReadNeutralPropHeader(block, name, type, flags) != io::kNoError ||
+        !block.ReadValue(text))
+    {
+        return io::kReadFailed;
+    }
+    NumberProp read(*this);
+    int unit = 0;
+    if (block.ReadValue(unit))
+    {
+        if (!Units::IsKnownUnit(static_cast<Units::FullUnitType>(unit)))
+        {
+            return io::kReadFailed;
+        }
+        read.mUnit = static_cast<Units::FullUnitType>(unit);
+    }
+    if (!read.ChangeValue(text))
+    {
+        return io::kReadFailed;
+    }
+    SetReadHeader(std::move(name), flags);
+    mNumber = read.mNumber;
+    mIsSet = read.mIsSet;
+    mUnit = read.mUnit;
+    return io::kNoError;
+}
+
 void NumberProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& change) const
 {
     Property::GetScriptArguments(args, change);

@@ -80,6 +80,9 @@ TEST(ButtonPropTest, ReadingReconnectsTheClient)
     ButtonProp unconnected;
     proptest::ExpectRoundTrip(button, unconnected);
     EXPECT_EQ(unconnected.GetIButtonPropClient(), nullptr);
+    ButtonProp neutral;
+    proptest::ExpectNeutralRoundTrip(button, neutral);
+    EXPECT_EQ(neutral.GetLabel(), L"Edit...");
     ButtonProp target(L"T", {});
     EXPECT_GT(proptest::ExpectDamageLeavesPropertyAlone(button, target, &clients), 0);
 }

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <map>
 #include <memory>
 #include <string>
@@ -202,6 +203,30 @@ TEST_F(ExpressionTest, DeepChainsOfVariablesStopInsteadOfOverflowing)
     EXPECT_EQ(value, 201.0);
     EXPECT_FALSE(Make(L"v1000")->Evaluate(value, error));
     EXPECT_EQ(error.GetKind(), ValueError::kReferencesTooDeep);
+}
+
+TEST_F(ExpressionTest, VariablesNamedManyTimesAreWorkedOutOnce)
+{
+    // v(i) = v(i-1) + v(i-1): 2^100 paths through 100 variables.
+    mScope.Add(L"v0", L"1V");
+    for (int i = 1; i <= 100; ++i)
+    {
+        const std::wstring previous = L"v" + std::to_wstring(i - 1);
+        const std::wstring text = previous + L"+" + previous;
+        mScope.Add((L"v" + std::to_wstring(i)).c_str(), text.c_str());
+    }
+    VariableScopeGuard guard(&mScope);
+    auto top = Make(L"v100/v99");
+    double value = 0;
+    ValueError error;
+    ASSERT_TRUE(top->Evaluate(value, error));
+    EXPECT_EQ(value, 2.0);
+    EXPECT_EQ(Make(L"v100")->GetUnits(), Units::kVolt);
+    // What one evaluation learnt is forgotten before the next: changes show.
+    auto sum = Make(L"v100+v99");
+    EXPECT_EQ(sum->GetValue(), 3 * std::ldexp(1.0, 99));
+    mScope.Add(L"v99", L"1");
+    EXPECT_EQ(sum->GetValue(), 3.0);
 }
 
 TEST_F(ExpressionTest, RegeneratesNamesInTheSpellingOfTheirDefinitions)

@@ -89,6 +89,20 @@ TEST(MenuPropTest, BlockFormKeepsEveryChoiceExactly)
     proptest::ExpectRoundTrip(empty, fresh2);
     MenuProp target(L"T", {}, L"one,two", 1);
     EXPECT_GT(proptest::ExpectDamageLeavesPropertyAlone(menu, target), 0);
+    MenuProp neutral;
+    proptest::ExpectNeutralRoundTrip(menu, neutral);
+    EXPECT_EQ(neutral.GetChoices(), menu.GetChoices());
+    EXPECT_EQ(neutral.GetCurrentIndex(), 2u);
+    MenuProp emptyNeutral(L"x", {}, L"p", 0);
+    proptest::ExpectNeutralRoundTrip(empty, emptyNeutral);
+    // A text that names no choice fails and changes nothing.
+    io::CBlock_func unknown(L"Prop");
+    unknown.AddValue(L"Model");
+    unknown.AddValue(kMenuPropType);
+    unknown.AddValue(0);
+    unknown.AddValue(L"nothing");
+    EXPECT_EQ(neutral.ReadNeutral(unknown), io::kReadFailed);
+    EXPECT_EQ(neutral.GetCurrentIndex(), 2u);
     // Neutral form: any property takes the choice as its text.
     TextProp text;
     EXPECT_EQ(text.ReadNeutral(proptest::ParseBlock(proptest::BlockText(menu, true))),

@@ -76,6 +76,13 @@ TEST(NumberPropTest, BlockFormRoundTripsSetAndUnset)
     proptest::ExpectRoundTrip(unset, fresh2);
     EXPECT_FALSE(fresh2.IsSet());
     EXPECT_EQ(fresh2.GetNumber(), -0.5);
+    NumberProp neutral;
+    proptest::ExpectNeutralRoundTrip(set, neutral);
+    EXPECT_EQ(neutral.GetUnit(), Units::kDegreeCelsius);
+    EXPECT_NEAR(neutral.GetNumber(), 26.85, 1e-12);
+    NumberProp neutralUnset(L"y", 2, true, Units::kVolt, {});
+    proptest::ExpectNeutralRoundTrip(unset, neutralUnset);
+    EXPECT_FALSE(neutralUnset.IsSet());
     NumberProp target(L"X", 1, true, Units::kVolt, {});
     EXPECT_GT(proptest::ExpectDamageLeavesPropertyAlone(set, target), 0);
     io::CBlock_func notFinite(L"Prop");
