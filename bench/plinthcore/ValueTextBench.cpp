@@ -26,12 +26,11 @@ class DesignScope : public IVariableScope
 public:
     DesignScope()
     {
-        for (const auto& [name, text] : {std::pair{L"R1", L"10k"}, std::pair{L"C1", L"1n"},
-                                         std::pair{L"W", L"2u"}, std::pair{L"L", L"180n"},
-                                         std::pair{L"gain", L"R1/1k"}, std::pair{L"$vdd", L"3.3"}})
+        for (const auto& [name, text] :
+             {std::pair{L"R1", L"10k"}, std::pair{L"C1", L"1n"}, std::pair{L"W", L"2u"},
+              std::pair{L"L", L"180n"}, std::pair{L"gain", L"R1/1k"}, std::pair{L"$vdd", L"3.3"}})
         {
-            mVariables.emplace(AString(name),
-                               Variable(name, Value(AString(text), Units::kNoUnit)));
+            mVariables.emplace(AString(name), Variable(name, Value(AString(text), Units::kNoUnit)));
         }
     }
     const Variable* FindVariable(std::wstring_view name) const override
@@ -50,9 +49,9 @@ const std::vector<AString>& Texts()
     {
         static const wchar_t* const kSuffixes[] = {L"", L"k", L"meg", L"m", L"u", L"n", L"p"};
         static const wchar_t* const kUnits[] = {L"F", L"Ohm", L"H", L"V", L"Hz"};
-        static const wchar_t* const kExpressions[] = {
-            L"2*R1+%dk", L"max(W, %du)/L", L"$vdd*gain/%d", L"1/(2*pi*R1*C1*%d)",
-            L"sqrt(W*L)*%d", L"(R1+%d)*(1+0.01*gain)"};
+        static const wchar_t* const kExpressions[] = {L"2*R1+%dk",     L"max(W, %du)/L",
+                                                      L"$vdd*gain/%d", L"1/(2*pi*R1*C1*%d)",
+                                                      L"sqrt(W*L)*%d", L"(R1+%d)*(1+0.01*gain)"};
         std::mt19937 random(20261121);
         std::uniform_int_distribution<int> kind(0, 99);
         std::uniform_int_distribution<int> number(1, 999);

@@ -46,12 +46,18 @@ void Msg::Forward(IReceiver& from)
     {
         return; // the outer Forward reaches them
     }
-    mDraining = true;
+    struct Draining
+    {
+        bool& flag;
+        explicit Draining(bool& draining) : flag(draining) { flag = true; }
+        ~Draining() { flag = false; }
+        Draining(const Draining&) = delete;
+        Draining& operator=(const Draining&) = delete;
+    } draining(mDraining);
     while (!mPending.empty())
     {
         IReceiver* next = mPending.front();
         mPending.pop_front();
         next->ReceiveMsg(*this);
     }
-    mDraining = false;
 }
