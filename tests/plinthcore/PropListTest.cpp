@@ -105,7 +105,8 @@ TEST(PropListTest, OwnsOrdersAndFindsIgnoringCase)
     EXPECT_EQ(copy.GetProp(0)->GetPropList(), &copy);
     copy = other;
     EXPECT_EQ(Names(copy), (std::vector<AString>{L"Label"}));
-    copy = copy;
+    const PropList& same = copy;
+    copy = same; // assigning a list to itself keeps it
     EXPECT_EQ(copy.GetCount(), 1u);
 }
 

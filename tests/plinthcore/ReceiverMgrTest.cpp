@@ -98,7 +98,8 @@ TEST(ReceiverMgrTest, ValueHoldersShareOneObjectUntilTheLastGoes)
         Value second = first;
         Value third;
         third = second;
-        third = third; // self-assignment keeps the hold
+        const Value& same = third;
+        third = same; // assigning a holder to itself keeps the hold
         EXPECT_EQ(third.GetValueBase(), shared);
         EXPECT_TRUE(shared->HasRef(&first));
         EXPECT_TRUE(shared->HasRef(&third));
