@@ -51,7 +51,6 @@ const NetList& Nets()
             if (k < 80)
             {
                 list.all.push_back(AString::Formatted(L"net_%d", number(random)));
-                list.simple.push_back(list.all.back());
             }
             else if (k < 95)
             {
@@ -62,6 +61,14 @@ const NetList& Nets()
                 list.all.push_back(BusName(random) + L"," +
                                    AString::Formatted(L"n%d", number(random)) + L"," +
                                    BusName(random));
+            }
+        }
+        // The simple names again, allocated one after the other as a design's would be.
+        for (const AString& name : list.all)
+        {
+            if (name.find_first_of(L"[<,") == AString::npos)
+            {
+                list.simple.push_back(name);
             }
         }
         list.expanded.resize(list.all.size());

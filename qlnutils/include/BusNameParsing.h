@@ -26,7 +26,8 @@ inline constexpr int kMaxBusMembers = 1 << 20;
 
 // Appends the member signals of `name` in written order, each bus member in the bracket
 // style last seen in the name (carried over between elements). Returns the size of
-// `signals`, or 0 for an invalid name (members appended before the error stay).
+// `signals`, 1 for a simple wire name (appended whole), or 0 for an invalid name (members
+// appended before the error stay).
 //   "d<3-1>"  => d<3>, d<2>, d<1>
 //   "a,,b"    => a (appended), result 0
 QLN_API int GetAllSignals(const AString& name, std::vector<AString>& signals);
@@ -36,7 +37,8 @@ QLN_API int GetAllSignalsCanonical(const AString& name, std::vector<AString>& si
 // The number of signals of `name`, duplicates counted; 1 for a simple wire name.
 QLN_API int GetSignalCount(const AString& name);
 // Inserts the distinct members of `name` (ascending within each element, each element in
-// its own bracket style). Returns the size of the set, or 0 for an invalid name.
+// its own bracket style). Returns the size of the set, 1 for a simple wire name, or 0 for an
+// invalid name.
 //   "d[3:1],D[2],e<0>" => {d[1], d[2], d[3], e<0>}
 QLN_API int GetUniqueSignals(const AString& name, std::set<AString, AString::NoCaseLess>& signals);
 // The number of distinct signals of `name`; 1 for a simple wire name.

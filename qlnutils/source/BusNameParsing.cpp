@@ -274,8 +274,9 @@ int ExpandSignalList(const AString& name, std::vector<AString>& signals, bool ca
     }
     if (IsSimpleWireName(name))
     {
+        // A simple name answers 1, whatever the vector held before.
         signals.push_back(name);
-        return static_cast<int>(signals.size());
+        return 1;
     }
     long long total = 0;
     const bool ok = ScanElements(

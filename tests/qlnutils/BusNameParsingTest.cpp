@@ -115,6 +115,9 @@ TEST_F(BusNameParsingTest, AppendsToOutputAndCountsTotal)
     Signals signals{L"keep"};
     EXPECT_EQ(GetAllSignals(L"d[0:1]", signals), 3);
     EXPECT_EQ(Joined(signals), "keep|d[0]|d[1]");
+    // A simple wire name answers 1, like the de-duplicating form.
+    EXPECT_EQ(GetAllSignals(L"clk", signals), 1);
+    EXPECT_EQ(signals.size(), 4u);
     SignalSet set{L"zz"};
     EXPECT_EQ(GetUniqueSignals(L"a[0:1]", set), 3);
     // A simple wire name answers 1 whatever the set held before.
