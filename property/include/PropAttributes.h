@@ -20,6 +20,7 @@
 
 class IModelCompiler;
 class IPropClientFactory;
+class OptiVariable;
 
 class QLN_API PropAttributes
 {
@@ -140,6 +141,35 @@ private:
 // component in particular. Units::kNoUnit (90) when it knows none, or without a compiler.
 QLN_API Units::FullUnitType GetFutFromDti(IModelCompiler* compiler,
                                           const merrowstruct::DataTypeInfo& dti);
+
+// Checks a composite value text against an array (its indices count the elements) or a record
+// (its members do) and appends the normalised text to `normalized` (when given): "{", the
+// elements joined by ",", "}". The elements are the text inside the outer braces (one "{" and
+// one "}" dropped where present), split at commas outside parentheses and braces; missing or
+// empty ones become "_Empty", extra ones are dropped. A real or time element must be a valid
+// value text (Value::IsValidText), else the result is false and "_Empty" stands in; other
+// scalars are taken as written; array and record elements are checked in turn. An array
+// without its element type takes real elements. Another type copies `strValue` into
+// `normalized` and gives false; an empty text fails the assertion "!strValue.empty()" and
+// gives false.
+//   array of 3 reals: {1,2}      => true,  {1,2,_Empty}
+//                     {1,2*,3}   => false, {1,_Empty,3}
+//                     {f(1,2),3} => true,  {f(1,2),3,_Empty}
+//   record { a: real, b: array of 2 reals }: {1,{2,3}} => true, {1,{2,3}}
+QLN_API bool ValidateComposite(const merrowstruct::DataTypeInfo& dti, const AString& strValue,
+                               AString* normalized);
+
+// Whether a sweep may be offered for a property's variable: never for an output, a variable
+// that cannot take part in experiments (OptiVariable::CanTakePartInExperiment) or a type that
+// is not real; for an in-out the property's sweep flag; otherwise (an input) when the variable
+// is included in none of the parametric, optimisation, tuning and statistical experiments
+// (id::Experiment 2, 3, 4, 6).
+QLN_API bool EnableSweep(const PropAttributes& attrs, const OptiVariable& var);
+
+// Whether an input's variable must be swept: it can take part in experiments and is included
+// in a parametric, optimisation, tuning or statistical one (id::Experiment 2, 3, 4, 6).
+// Always false for any other direction.
+QLN_API bool IsSweepRequired(const PropAttributes& attrs, const OptiVariable& var);
 
 // Resolves an output `path` inside the model terminal named `terminalName` (ignoring case).
 // The path is split at ".", "[", "]", "<" and ">" by the VHDL token scanner; each further token

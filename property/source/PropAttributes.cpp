@@ -2,13 +2,17 @@
 
 #include "Assert.h"
 #include "IModelCompiler.h"
+#include "OptiVariable.h"
 #include "QLNParvaneUtils.h"
 #include "VHDLTokenData.h"
+#include "Value.h"
+#include "VariableAttributes.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <map>
 #include <utility>
 
 using merrowstruct::DataTypeInfo;
@@ -298,6 +302,147 @@ Units::FullUnitType GetFutFromDti(IModelCompiler* compiler, const DataTypeInfo& 
     compiler->GetUnitOfType(nullptr, AString(L"0"), dti.mTypeName, dti.mTypeName, physicalType,
                             unitName, unit);
     return unit;
+}
+
+namespace
+{
+
+// What a composite value holds for an element that it leaves out.
+const wchar_t* const kEmptyElement = L"_Empty";
+
+// Whether the variable is set up for, and included in, experiments of `kind`.
+bool IsIncluded(const OptiVariable& var, id::Experiment kind)
+{
+    const VariableAttributes* attributes = var.GetAttributes(kind);
+    return attributes != nullptr && attributes->IsInclude();
+}
+
+// The kinds of experiment that sweep decisions look at.
+static_assert(id::kParametric == 2 && id::kOptimization == 3 && id::kTuning == 4 &&
+              id::kStatistical == 6);
+
+} // namespace
+
+bool ValidateComposite(const DataTypeInfo& dti, const AString& strValue, AString* normalized)
+{
+    if (!PLINTH_ASSERT(!strValue.empty()))
+    {
+        return false;
+    }
+    const bool isArray = parvaneutils::IsDataTypeInfoAnArray(dti);
+    std::size_t count = 0;
+    if (isArray)
+    {
+        count = dti.mIndices.size();
+    }
+    else if (dti.mType == merrowenum::kRecordType)
+    {
+        count = dti.mSubElements.size();
+    }
+    else
+    {
+        if (normalized != nullptr)
+        {
+            *normalized = strValue;
+        }
+        return false;
+    }
+
+    AString inner;
+    std::vector<AString> captures;
+    if (strValue.Match(L"{*}", captures, true))
+    {
+        inner = std::move(captures.front());
+    }
+    else
+    {
+        const std::size_t first = strValue.front() == L'{' ? 1 : 0;
+        std::size_t last = strValue.size();
+        if (last > first && strValue.back() == L'}')
+        {
+            --last;
+        }
+        inner = strValue.Mid(first, last - first);
+    }
+
+    // Commas inside parentheses and braces belong to the element's own text.
+    static const std::map<wchar_t, wchar_t> kNesting = {{L'(', L')'}, {L'{', L'}'}};
+    const VHDLTokenData tokens(inner, L",", 0, &kNesting);
+    const DataTypeInfo none;
+    const DataTypeInfo& arrayElement =
+        !isArray || dti.mSubElements.empty() ? none : dti.mSubElements.front();
+
+    bool result = true;
+    AString joined;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        AString token = static_cast<int>(i) < tokens.Count()
+                            ? AString(tokens[static_cast<unsigned>(i)])
+                            : AString();
+        if (token.empty())
+        {
+            token = kEmptyElement;
+        }
+        const DataTypeInfo& element = isArray ? arrayElement : dti.mSubElements[i];
+        if (i > 0)
+        {
+            joined += L',';
+        }
+        if (parvaneutils::IsDataTypeInfoAnArray(element) ||
+            element.mType == merrowenum::kRecordType)
+        {
+            AString child;
+            result = ValidateComposite(element, token, &child) && result;
+            joined += child;
+        }
+        else if ((element.mType == merrowenum::kREALType ||
+                  element.mType == merrowenum::kTIMEType) &&
+                 token != kEmptyElement && !Value::IsValidText(token))
+        {
+            result = false;
+            joined += kEmptyElement;
+        }
+        else
+        {
+            joined += token;
+        }
+    }
+    if (normalized != nullptr)
+    {
+        *normalized += L'{';
+        *normalized += joined;
+        *normalized += L'}';
+    }
+    return result;
+}
+
+bool EnableSweep(const PropAttributes& attrs, const OptiVariable& var)
+{
+    if (attrs.GetDirection() == merrowenum::kDirectionOut || !var.CanTakePartInExperiment() ||
+        !attrs.IsRealType())
+    {
+        return false;
+    }
+    if (attrs.GetDirection() == merrowenum::kDirectionInOut)
+    {
+        return attrs.GetSweep();
+    }
+    if (IsIncluded(var, id::kParametric) || IsIncluded(var, id::kOptimization) ||
+        IsIncluded(var, id::kTuning))
+    {
+        return false;
+    }
+    return !IsIncluded(var, id::kStatistical);
+}
+
+bool IsSweepRequired(const PropAttributes& attrs, const OptiVariable& var)
+{
+    if (attrs.GetDirection() != merrowenum::kDirectionIn || !var.CanTakePartInExperiment())
+    {
+        return false;
+    }
+    return IsIncluded(var, id::kParametric) || IsIncluded(var, id::kOptimization) ||
+           IsIncluded(var, id::kTuning) || IsIncluded(var, id::kStatistical);
 }
 
 namespace

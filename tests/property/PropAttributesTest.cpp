@@ -6,16 +6,24 @@
 #include "IModelCompiler.h"
 #include "QLNParvaneUtils.h"
 #include "RefModelCompiler.h"
+#include "VariableAttributes.h"
+#include "VariableProp.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 using merrowstruct::DataTypeInfo;
 using merrowstruct::TerminalData;
 using Texts = std::vector<std::string>;
+
+void PrintTo(const AString& text, std::ostream* os)
+{
+    *os << '"' << text.ToUTF8() << '"';
+}
 
 namespace
 {
@@ -984,4 +992,194 @@ TEST(PropAttributes, UnknownTerminalLeavesTheOutputsAlone)
         EXPECT_TRUE(found.asserts.empty());
     }
     EXPECT_FALSE(Find({}, L"p", L"v").ok);
+}
+
+TEST(PropAttributes, ValidatesCompositeValueTexts)
+{
+    const DataTypeInfo reals = Array(L"a", Scalar(L"e"), {0, 1, 2});
+    const DataTypeInfo times = Array(L"t", Scalar(L"e", merrowenum::kTIMEType), {4, 5});
+    DataTypeInfo modes = Array(L"m", Scalar(L"e", merrowenum::kENUMType), {0, 1});
+    DataTypeInfo text = Array(L"s", Scalar(L"c", merrowenum::kCHARType), {0, 1});
+    text.mType = merrowenum::kSTRINGType;
+    DataTypeInfo olderReals = reals;
+    olderReals.mType = merrowenum::kREALVECTORType;
+    const DataTypeInfo nested =
+        Record(L"r", {Scalar(L"gain"), Array(L"pair", Scalar(L"e"), {0, 1}),
+                      Record(L"inner", {Scalar(L"x", merrowenum::kINTEGERType), Scalar(L"y")})});
+    DataTypeInfo noElement = Scalar(L"a", merrowenum::kARRAYType);
+    noElement.mIndices = {0, 1};
+    DataTypeInfo bus = Record(L"b", {Scalar(L"a", 2), Scalar(L"b", 2)});
+    bus.mIsBusPort = true;
+    bus.mIndices = {1, 0, 7};
+
+    struct Case
+    {
+        const char* name;
+        DataTypeInfo dti;
+        const wchar_t* value;
+        bool valid;
+        const wchar_t* normalized;
+    };
+    const Case cases[] = {
+        {"missing elements are _Empty", reals, L"{1,2}", true, L"{1,2,_Empty}"},
+        {"an invalid real is replaced", reals, L"{1,2*,3}", false, L"{1,_Empty,3}"},
+        {"a parenthesis keeps the rest together", reals, L"{1,2*(,3}", false, L"{1,_Empty,_Empty}"},
+        {"names are valid value text", reals, L"{1,x,3}", true, L"{1,x,3}"},
+        {"empty positions", reals, L"{,1,}", true, L"{_Empty,1,_Empty}"},
+        {"extra elements are dropped", reals, L"{1,2,3,4,5}", true, L"{1,2,3}"},
+        {"no braces", reals, L"1, 2k ,3", true, L"{1, 2k ,3}"},
+        {"only an opening brace", reals, L"{1,2", true, L"{1,2,_Empty}"},
+        {"only a closing brace", reals, L"1,2}", true, L"{1,2,_Empty}"},
+        {"a lone brace", reals, L"{", true, L"{_Empty,_Empty,_Empty}"},
+        {"the braces' whole content", reals, L"{{1,2},3}", false, L"{_Empty,3,_Empty}"},
+        {"commas in parentheses do not split", reals, L"{max(1,2),3,4}", true, L"{max(1,2),3,4}"},
+        {"a written _Empty is not checked", reals, L"{_Empty,1,2}", true, L"{_Empty,1,2}"},
+        {"time elements are checked", times, L"{1ns,(}", false, L"{1ns,_Empty}"},
+        {"other scalars are taken as written", modes, L"{idle,((}", true, L"{idle,((}"},
+        {"string counts by its indices", text, L"{'a','b','c'}", true, L"{'a','b'}"},
+        {"older array code", olderReals, L"{1,2,3}", true, L"{1,2,3}"},
+        {"array without its element: real elements", noElement, L"{1,+}", false, L"{1,_Empty}"},
+        {"bus port counts its members", bus, L"{0,1,1}", true, L"{0,1}"},
+        {"nested", nested, L"{1.5,{2,3},{4,5}}", true, L"{1.5,{2,3},{4,5}}"},
+        {"nested missing", nested, L"{1}", true, L"{1,{_Empty,_Empty},{_Empty,_Empty}}"},
+        {"nested element given plainly", nested, L"{1,2,3}", true, L"{1,{2,_Empty},{3,_Empty}}"},
+        {"nested failure spreads", nested, L"{1,{2,*},{x,-}}", false, L"{1,{2,_Empty},{x,_Empty}}"},
+        {"empty record", Record(L"r", {}), L"{1}", true, L"{}"},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(c.name);
+        AString normalized;
+        AssertCapture capture;
+        EXPECT_EQ(ValidateComposite(c.dti, AString(c.value), &normalized), c.valid);
+        EXPECT_EQ(normalized, c.normalized);
+        EXPECT_EQ(ValidateComposite(c.dti, AString(c.value), nullptr), c.valid);
+        EXPECT_EQ(capture.Count(), 0u);
+    }
+}
+
+TEST(PropAttributes, ValidationOfOtherTypesAndEmptyTexts)
+{
+    for (const std::int32_t type : {0, 1, 4, 9, 14, -1})
+    {
+        SCOPED_TRACE(type);
+        AString normalized(L"before");
+        EXPECT_FALSE(ValidateComposite(Scalar(L"s", type), AString(L"{1,2}"), &normalized));
+        EXPECT_EQ(normalized, L"{1,2}"); // copied, not appended
+        EXPECT_FALSE(ValidateComposite(Scalar(L"s", type), AString(L"{1,2}"), nullptr));
+    }
+    // The normalised text of a composite is appended.
+    AString normalized(L"v=");
+    EXPECT_TRUE(ValidateComposite(Array(L"a", Scalar(L"e"), {0}), AString(L"7"), &normalized));
+    EXPECT_EQ(normalized, L"v={7}");
+
+    AssertCapture capture;
+    normalized = L"kept";
+    EXPECT_FALSE(ValidateComposite(Array(L"a", Scalar(L"e"), {0}), AString(), &normalized));
+    EXPECT_EQ(normalized, L"kept");
+    EXPECT_EQ(capture.Texts(), Texts{"!strValue.empty()"});
+}
+
+namespace
+{
+
+// The experiment settings of a variable: for each kind, not set up, set up but excluded, or
+// included.
+enum class Inclusion
+{
+    kNone,
+    kExcluded,
+    kIncluded
+};
+
+struct Experiments
+{
+    Inclusion parametric = Inclusion::kNone;
+    Inclusion optimization = Inclusion::kNone;
+    Inclusion tuning = Inclusion::kNone;
+    Inclusion statistical = Inclusion::kNone;
+    Inclusion other = Inclusion::kNone; // sensitivity and design of experiments count for nothing
+};
+
+std::unique_ptr<VariableProp> MakeVariable(const wchar_t* value, const Experiments& experiments)
+{
+    auto var = std::make_unique<VariableProp>(AString(L"x"), PropFlags());
+    if (value != nullptr)
+    {
+        EXPECT_TRUE(var->ChangeValue(AString(value)));
+    }
+    const auto setUp = [&var](id::Experiment kind, Inclusion inclusion)
+    {
+        if (inclusion != Inclusion::kNone)
+        {
+            var->GetOptiData().SetAttributes(
+                kind, VariableAttributes(inclusion == Inclusion::kIncluded, 1.0, 2.0));
+        }
+    };
+    setUp(id::kParametric, experiments.parametric);
+    setUp(id::kOptimization, experiments.optimization);
+    setUp(id::kTuning, experiments.tuning);
+    setUp(id::kStatistical, experiments.statistical);
+    setUp(id::kSensitivity, experiments.other);
+    setUp(id::kDesignOfExperiments, experiments.other);
+    return var;
+}
+
+} // namespace
+
+TEST(PropAttributes, DecidesWhetherASweepIsOfferedAndRequired)
+{
+    const Inclusion N = Inclusion::kNone;
+    const Inclusion E = Inclusion::kExcluded;
+    const Inclusion I = Inclusion::kIncluded;
+    struct Case
+    {
+        const char* name;
+        int dir;
+        int type;
+        bool sweepFlag;
+        const wchar_t* value;
+        Experiments experiments;
+        bool enable;
+        bool required;
+    };
+    const Case cases[] = {
+        {"input, nothing set up", 0, 0, false, L"1k", {}, true, false},
+        {"input of type time", 0, 14, false, L"1n", {}, true, false},
+        {"input, all set up but excluded", 0, 0, false, L"1", {E, E, E, E, E}, true, false},
+        {"input in a parametric sweep", 0, 0, false, L"1", {I, N, N, N, N}, false, true},
+        {"input being optimised", 0, 0, false, L"1", {N, I, N, N, N}, false, true},
+        {"input being tuned", 0, 0, false, L"1", {N, N, I, N, N}, false, true},
+        {"input in a statistical run", 0, 0, false, L"1", {N, N, N, I, N}, false, true},
+        {"other experiments do not count", 0, 0, false, L"1", {E, E, E, E, I}, true, false},
+        {"an expression can take part", 0, 0, false, L"2*y+1", {I, N, N, N, N}, false, true},
+        {"a text cannot", 0, 0, false, L"\"Low\"", {I, N, N, N, N}, false, false},
+        {"no value cannot", 0, 0, true, nullptr, {I, N, N, N, N}, false, false},
+        {"input of another type", 0, 4, false, L"1", {}, false, false},
+        {"required whatever the type", 0, 9, false, L"1", {N, N, N, I, N}, false, true},
+        {"output", 1, 0, true, L"1", {}, false, false},
+        {"output included", 1, 0, true, L"1", {I, N, N, N, N}, false, false},
+        {"in-out follows its flag", 2, 0, true, L"1", {I, I, I, I, N}, true, false},
+        {"in-out without the flag", 2, 0, false, L"1", {}, false, false},
+        {"in-out of another type", 2, 1, true, L"1", {}, false, false},
+        {"in-out that cannot take part", 2, 0, true, L"\"a\"", {}, false, false},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(c.name);
+        TestAttributes attrs;
+        ASSERT_TRUE(attrs.Initialize(c.type, c.dir));
+        attrs.SetSweep(c.sweepFlag);
+        const std::unique_ptr<VariableProp> var = MakeVariable(c.value, c.experiments);
+        EXPECT_EQ(EnableSweep(attrs, *var), c.enable);
+        EXPECT_EQ(IsSweepRequired(attrs, *var), c.required);
+    }
+    // "DontCare", which only reading sets, is no input: never required, and offered as for
+    // an input.
+    TestAttributes dontCare;
+    io::CBlock_func block = Parse("A { \"DontCare\" }");
+    ASSERT_EQ(dontCare.Read(block, nullptr), io::kNoError);
+    EXPECT_TRUE(EnableSweep(dontCare, *MakeVariable(L"1", {})));
+    EXPECT_FALSE(EnableSweep(dontCare, *MakeVariable(L"1", {N, N, I, N, N})));
+    EXPECT_FALSE(IsSweepRequired(dontCare, *MakeVariable(L"1", {I, N, N, N, N})));
 }
