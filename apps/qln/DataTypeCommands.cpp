@@ -155,6 +155,54 @@ void RunLeaves(const DataTypeOptions& options, CommandContext& context)
     }
 }
 
+void RunCheckValue(const DataTypeOptions& options, CommandContext& context)
+{
+    io::CBlock_func root = ReadFile(options.file);
+    AssertCapture capture;
+    DataTypeInfo dti;
+    ReadDataTypeInfo(root, dti);
+    TextInput input(context.Input());
+    CommandResult result("datatype check-value");
+    result.Data()["file"] = options.file;
+    result.Data()["type"] = dti.mType;
+    // What reading the type raised comes first.
+    AddAssertions(result, capture);
+    capture.Clear();
+    const bool composite =
+        parvaneutils::IsDataTypeInfoAnArray(dti) || dti.mType == merrowenum::kRecordType;
+    if (!composite)
+    {
+        result.AddLine(options.file + ": " + TypeWord(dti.mType) + " is no array or record");
+    }
+    Json items = Json::array();
+    bool allValid = true;
+    for (const AString& text : input.Many(options.texts))
+    {
+        const std::size_t before = capture.Count();
+        AString normalized;
+        const bool valid = ValidateComposite(dti, text, &normalized);
+        allValid = allValid && valid;
+        Json item = {{"text", Utf8(text)}, {"valid", valid}, {"normalized", Utf8(normalized)}};
+        std::string line =
+            Quoted(Utf8(text)) + ": " + (valid ? "valid " : "not valid ") + Utf8(normalized);
+        Json texts = Json::array();
+        for (std::size_t i = before; i < capture.Count(); ++i)
+        {
+            texts.push_back(capture.Entries()[i].text);
+            line += "; assertion: " + capture.Entries()[i].text;
+        }
+        item["assertions"] = std::move(texts);
+        result.AddLine(line);
+        items.push_back(std::move(item));
+    }
+    result.Data()["results"] = std::move(items);
+    context.Emit(result);
+    if (!allValid)
+    {
+        context.Report(kExitProblem);
+    }
+}
+
 // The terminals of a terminals file, in order.
 std::vector<merrowstruct::TerminalData> ReadTerminals(const std::string& file)
 {
@@ -269,6 +317,15 @@ void AddDataTypeCommands(CLI::App& app, CommandContext& context)
     leaves->add_option("--name", options->name, "Name the leaves under NAME, not the type's own")
         ->each([options](const std::string&) { options->useName = true; });
     leaves->callback([options, &context] { RunLeaves(*options, context); });
+
+    CLI::App* check = family->add_subcommand(
+        "check-value", "Check composite value texts against a stored array or record type and "
+                       "give their normalised texts");
+    check->add_option("FILE", options->file, "Data type file")->required();
+    check->add_option("TEXT", options->texts, "Value texts such as {1,2,3}")
+        ->required()
+        ->allow_extra_args();
+    check->callback([options, &context] { RunCheckValue(*options, context); });
 
     CLI::App* output = family->add_subcommand(
         "output", "Resolve output paths inside a model terminal: the type reached and its unit");
