@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using merrowstruct::DataTypeInfo;
@@ -111,6 +112,17 @@ void ExpectSameFields(const PropAttributes& actual, const PropAttributes& expect
     EXPECT_EQ(actual.GetTextFromScriptArgInfo(), expected.GetTextFromScriptArgInfo());
 }
 
+// The fields that reading sets, in block order, as one line.
+std::string ReadFields(const PropAttributes& attrs)
+{
+    return std::to_string(attrs.GetDirection()) + " " +
+           std::to_string(attrs.GetCalculationSequence()) + " " +
+           (attrs.GetHasPin() ? "pin " : "- ") + (attrs.GetShowPin() ? "show " : "- ") +
+           (attrs.GetDefaultSimOutput() ? "out " : "- ") + "'" +
+           attrs.GetTextFromScriptArgInfo().ToUTF8() + "' " +
+           (attrs.GetDisplay() ? "display " : "- ") + (attrs.GetSweep() ? "sweep" : "-");
+}
+
 io::CBlock_func Parse(std::string_view text)
 {
     io::CBlock_func root;
@@ -134,28 +146,20 @@ void PrintTo(const DataTypeInfo& dti, std::ostream* os)
 TEST(PropAttributes, StartsAsAnInputOfTypeReal)
 {
     const TestAttributes attrs;
-    EXPECT_EQ(attrs.GetType(), merrowenum::kREALType);
-    EXPECT_TRUE(attrs.IsRealType());
     EXPECT_EQ(attrs.GetDataTypeInfo(), DataTypeInfo());
-    EXPECT_EQ(attrs.GetDirection(), merrowenum::kDirectionIn);
-    EXPECT_EQ(attrs.GetCalculationSequence(), merrowenum::kBeforeAnalogSolver);
-    EXPECT_FALSE(attrs.GetHasPin() || attrs.GetShowPin() || attrs.GetDisplay() ||
-                 attrs.GetSweep() || attrs.GetDefaultSimOutput() || attrs.GetInstSDB());
-    EXPECT_TRUE(attrs.GetTextFromScriptArgInfo().empty());
+    EXPECT_EQ(ReadFields(attrs), "0 0 - - - '' - -");
+    EXPECT_FALSE(attrs.GetInstSDB());
     EXPECT_EQ(attrs.GetDomain(), merrowenum::kGeneric);
-}
-
-TEST(PropAttributes, RealTypesAreRealAndTime)
-{
+    // Real types are the codes 0 and 14 only.
     for (int type = -2; type <= 16; ++type)
     {
         SCOPED_TRACE(type);
-        TestAttributes attrs;
+        TestAttributes typed;
         DataTypeInfo dti;
         dti.mType = type;
-        attrs.SetDataTypeInfo(dti);
-        EXPECT_EQ(attrs.GetType(), type);
-        EXPECT_EQ(attrs.IsRealType(), type == 0 || type == 14);
+        typed.SetDataTypeInfo(dti);
+        EXPECT_EQ(typed.GetType(), type);
+        EXPECT_EQ(typed.IsRealType(), type == 0 || type == 14);
     }
 }
 
@@ -439,150 +443,65 @@ TEST(PropAttributes, ReadsShorterAndOddBlocks)
         const char* name;
         const char* text;
         io::ReadError result;
-        int dir;
-        merrowenum::CalculationSequence when;
-        bool hasPin;
-        bool showPin;
-        bool output;
-        const wchar_t* note;
-        bool display;
-        bool sweep;
+        const char* fields; // direction, calculation sequence, then as ReadFields writes them
         Texts asserts;
     };
-    // Every case starts from Filled(): InOut, AfterStateGraph, all flags set, "from a script".
+    // Every case starts from Filled(): "2 2 pin show out 'from a script' display sweep".
     const Case cases[] = {
         {"direction only",
          "A { \"In\" }",
          io::kNoError,
-         0,
-         merrowenum::kAfterStateGraph,
-         true,
-         true,
-         true,
-         L"from a script",
-         true,
-         false,
+         "0 2 pin show out 'from a script' display -",
          {}},
         {"no direction",
          "A { Info { \"x\" 0 \"\" } }",
          io::kReadFailed,
-         2,
-         merrowenum::kAfterStateGraph,
-         true,
-         true,
-         true,
-         L"from a script",
-         true,
-         true,
+         "2 2 pin show out 'from a script' display sweep",
          {}},
         {"direction of another kind",
          "A { 1 \"In\" }",
          io::kReadFailed,
-         2,
-         merrowenum::kAfterStateGraph,
-         true,
-         true,
-         true,
-         L"from a script",
-         true,
-         true,
+         "2 2 pin show out 'from a script' display sweep",
          {}},
         {"DontCare reads as 3",
          "A { \"DontCare\" \"DontCareWhen\" }",
          io::kNoError,
-         3,
-         merrowenum::kDontCareWhen,
-         true,
-         true,
-         true,
-         L"from a script",
-         true,
-         false,
+         "3 3 pin show out 'from a script' display -",
          {}},
         {"unknown words",
          "A { \"Sideways\" \"Later\" }",
          io::kNoError,
-         2,
-         merrowenum::kDontCareWhen,
-         true,
-         true,
-         true,
-         L"from a script",
-         true,
-         false,
+         "2 3 pin show out 'from a script' display -",
          {"0", "0"}},
         {"all fields",
          "A { \"in\" \"beforestategraph\" false true false \"n\" false true }",
          io::kNoError,
-         0,
-         merrowenum::kBeforeStateGraph,
-         false,
-         true,
-         false,
-         L"n",
-         false,
-         true,
+         "0 1 - show - 'n' - sweep",
          {}},
         {"sweep missing: the last bool read stands in",
          "A { \"In\" \"BeforeAnalogSolver\" false false false \"\" true }",
          io::kNoError,
-         0,
-         merrowenum::kBeforeAnalogSolver,
-         false,
-         false,
-         false,
-         L"",
-         true,
-         true,
+         "0 0 - - - '' display sweep",
          {}},
         {"sweep missing after false",
          "A { \"In\" \"BeforeAnalogSolver\" true false }",
          io::kNoError,
-         0,
-         merrowenum::kBeforeAnalogSolver,
-         true,
-         false,
-         true,
-         L"from a script",
-         true,
-         false,
+         "0 0 pin - out 'from a script' display -",
          {}},
         {"sweep set on an output",
-         "A { \"Out\" \"BeforeAnalogSolver\" false false false \"\" "
-         "false true }",
+         "A { \"Out\" \"BeforeAnalogSolver\" false false false \"\" false true }",
          io::kNoError,
-         1,
-         merrowenum::kBeforeAnalogSolver,
-         false,
-         false,
-         false,
-         L"",
-         false,
-         false,
+         "1 0 - - - '' - -",
          {}},
         {"a text where a bool belongs: reads go on from it",
          "A { \"In\" \"BeforeAnalogSolver\" \"note\" true false }",
          io::kNoError,
-         0,
-         merrowenum::kBeforeAnalogSolver,
-         true,
-         true,
-         true,
-         L"note",
-         true,
-         false,
+         "0 0 pin show out 'note' display -",
          {}},
         {"named values and late blocks are stepped over",
          "A { Flag=true \"In\" Info { \"late\" 14 \"\" } \"AfterStateGraph\" true }",
          io::kNoError,
-         0,
-         merrowenum::kAfterStateGraph,
-         true,
-         true,
-         true,
-         L"from a script",
-         true,
-         true,
+         "0 2 pin show out 'from a script' display sweep",
          {}},
     };
     const DataTypeInfo original = Filled().GetDataTypeInfo();
@@ -594,14 +513,7 @@ TEST(PropAttributes, ReadsShorterAndOddBlocks)
         AssertCapture capture;
         EXPECT_EQ(attrs.Read(block, nullptr), c.result);
         EXPECT_EQ(capture.Texts(), c.asserts);
-        EXPECT_EQ(attrs.GetDirection(), c.dir);
-        EXPECT_EQ(attrs.GetCalculationSequence(), c.when);
-        EXPECT_EQ(attrs.GetHasPin(), c.hasPin);
-        EXPECT_EQ(attrs.GetShowPin(), c.showPin);
-        EXPECT_EQ(attrs.GetDefaultSimOutput(), c.output);
-        EXPECT_EQ(attrs.GetTextFromScriptArgInfo(), c.note);
-        EXPECT_EQ(attrs.GetDisplay(), c.display);
-        EXPECT_EQ(attrs.GetSweep(), c.sweep);
+        EXPECT_EQ(ReadFields(attrs), c.fields);
         EXPECT_TRUE(attrs.GetInstSDB());
         // Only a first item that is a block is the data type.
         if (c.result == io::kNoError)
@@ -743,31 +655,22 @@ TEST(PropAttributes, ReferenceCompilerAnswersDeclaredTypes)
 {
     refhost::RefModelCompiler compiler;
     compiler.AddType(AString(L"bus_voltage"), AString(L"V"), Units::kVolt, AString(L"power"));
-    struct Case
-    {
-        const wchar_t* typeName;
-        const wchar_t* physical;
-        Units::FullUnitType unit;
-    };
-    const Case cases[] = {
-        {L"voltage", nullptr, Units::kVolt},
-        {L"VELOCITY", nullptr, Units::kMetrePerSecond},
+    // {declared type name, first physical type, unit}: the physical type is asked first, a
+    // type declared in one library is found in any.
+    const std::tuple<const wchar_t*, const wchar_t*, Units::FullUnitType> cases[] = {
+        {L"VELOCITY", L"", Units::kMetrePerSecond},
         {L"my_type", L"current", Units::kAmpere},
-        {L"voltage", L"temperature", Units::kKelvin}, // the physical type is asked first
-        {L"bus_voltage", nullptr, Units::kVolt},      // declared in one library: any library
-        {L"real", nullptr, Units::kNoUnit},
-        {L"", nullptr, Units::kNoUnit},
-    };
-    for (const Case& c : cases)
+        {L"voltage", L"temperature", Units::kKelvin},
+        {L"bus_voltage", L"", Units::kVolt},
+        {L"real", L"", Units::kNoUnit},
+        {L"", L"", Units::kNoUnit}};
+    for (const auto& [typeName, physical, unit] : cases)
     {
-        SCOPED_TRACE(AString(c.typeName).ToUTF8());
+        SCOPED_TRACE(AString(typeName).ToUTF8());
         DataTypeInfo dti;
-        dti.mTypeName = c.typeName;
-        if (c.physical != nullptr)
-        {
-            dti.mPhyTypes = {c.physical};
-        }
-        EXPECT_EQ(GetFutFromDti(&compiler, dti), c.unit);
+        dti.mTypeName = typeName;
+        dti.mPhyTypes = {physical, L"voltage"};
+        EXPECT_EQ(GetFutFromDti(&compiler, dti), unit);
     }
 }
 
