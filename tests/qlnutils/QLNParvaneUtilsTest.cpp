@@ -736,6 +736,18 @@ TEST(QLNParvaneUtils, StoresNestingUpToTheTreeDepth)
     parvaneutils::GetDataTypeInfoLeafNames(back, AString(L"t"), leaves);
     ASSERT_EQ(leaves.size(), 1u);
     EXPECT_EQ(leaves[0].first.size(), 1 + 126 * 2 + 5u); // t, .m per inner level, .leaf
+
+    // A file nested one level deeper does not read at all: the block reader stops at the
+    // depth limit and says where.
+    std::string deeper = io::WriteBlockText(block);
+    const std::size_t leaf = deeper.find("Info { \"leaf\"");
+    ASSERT_NE(leaf, std::string::npos);
+    deeper.replace(leaf, 6, "Info { \"m\" 8 \"\" SubElements { Info { } } } Info {");
+    io::CBlock_func root;
+    io::BlockTextError error;
+    EXPECT_FALSE(io::ReadBlockText(deeper, root, &error));
+    EXPECT_EQ(error.reason, L"blocks nest deeper than 256 levels");
+    EXPECT_GT(error.line, 127u);
 }
 
 TEST(QLNParvaneUtils, CutsDeeperTypesAndSaysSo)
