@@ -1,0 +1,723 @@
+#include "TerminalManager.h"
+
+#include "Assert.h"
+#include "ICircuitDefinitionMgr.h"
+#include "ICircuitMgr.h"
+#include "IComponentOwner.h"
+#include "IDefinitionMgr.h"
+#include "Message.h"
+#include "MessageManager.h"
+#include "PinNameIndex.h"
+#include "Profiler.h"
+#include "TerminalIndex.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+using qln::connectivity::PinNameIndex;
+using qln::connectivity::TerminalIndex;
+
+namespace
+{
+// Message 61544: a project item of the wrong kind, an error of the project-data group.
+constexpr int kWrongItemKindMessage = 61544;
+constexpr MessageRecord kWrongItemKindRecord = {MessageSeverity::kError, 1, 1012, 6};
+
+// Posts `message` through the circuit manager of the component's definition, or straight to
+// the framework's message manager when the component has none.
+void PostForComponent(const IComponent& comp, const Message& message)
+{
+    auto* circuitDefinitionMgr = InterfaceQuery<ICircuitDefinitionMgr>(comp.GetDefinitionMgr());
+    const ICircuitMgr* circuitMgr =
+        circuitDefinitionMgr != nullptr ? circuitDefinitionMgr->GetCircuitMgr() : nullptr;
+    if (circuitMgr != nullptr)
+    {
+        circuitMgr->PostUserMessage(message);
+    }
+    else
+    {
+        GetGlobalIMessageManager()->Post(message);
+    }
+}
+} // namespace
+
+TerminalManager::TerminalManager() : mIndex(std::make_unique<TerminalIndex>()) {}
+
+TerminalManager::~TerminalManager()
+{
+    clear();
+}
+
+void TerminalManager::InsertName(NameSet& names, const AString& name)
+{
+    if (!name.empty())
+    {
+        ++names[name];
+    }
+}
+
+void TerminalManager::EraseName(NameSet& names, const AString& name)
+{
+    const auto found = names.find(name);
+    if (found != names.end() && --found->second == 0)
+    {
+        names.erase(found);
+    }
+}
+
+void TerminalManager::Changed() const
+{
+    mIndex->Invalidate();
+}
+
+const TerminalIndex& TerminalManager::Index() const
+{
+    mIndex->Update(mTerminals, mNameEdits);
+    return *mIndex;
+}
+
+void TerminalManager::Append(Terminal* term)
+{
+    term->SetNameEditCounter(&mNameEdits);
+    mTerminals.push_back(term);
+    InsertName(mSchPinNames, term->GetSchPinName());
+    InsertName(mLayPinNames, term->GetLayPinName());
+    mIndex->Append(mTerminals, mNameEdits);
+}
+
+void TerminalManager::Discard(Terminal* term)
+{
+    EraseName(mSchPinNames, term->GetSchPinName());
+    EraseName(mLayPinNames, term->GetLayPinName());
+    delete term;
+}
+
+void TerminalManager::clear()
+{
+    for (Terminal* term : mTerminals)
+    {
+        delete term;
+    }
+    mTerminals.clear();
+    mSchPinNames.clear();
+    mLayPinNames.clear();
+    Changed();
+}
+
+bool TerminalManager::operator==(const TerminalManager& other) const
+{
+    if (mTerminals.size() != other.mTerminals.size())
+    {
+        return false;
+    }
+    for (std::size_t i = 0; i < mTerminals.size(); ++i)
+    {
+        if (!(*mTerminals[i] == *other.mTerminals[i]))
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+Terminal* TerminalManager::GetTerminal(std::size_t index) const
+{
+    return index < mTerminals.size() ? mTerminals[index] : nullptr;
+}
+
+Terminal* TerminalManager::GetTerminalFromSchPinName(const AString& pinName,
+                                                     const AString& gate) const
+{
+    const int position = Index().SchPinNames().FindFirst(
+        pinName, [&](int i)
+        { return AString::EqualNoCase(mTerminals[static_cast<std::size_t>(i)]->GetGate(), gate); });
+    return position >= 0 ? mTerminals[static_cast<std::size_t>(position)] : nullptr;
+}
+
+Terminal* TerminalManager::GetTerminalFromLayPinName(const AString& pinName) const
+{
+    const int position = Index().LayPinNames().FindFirst(pinName, [](int) { return true; });
+    return position >= 0 ? mTerminals[static_cast<std::size_t>(position)] : nullptr;
+}
+
+Terminal* TerminalManager::GetTerminalFromTerminalName(const AString& name) const
+{
+    const std::vector<int>* positions = Index().FindTerminalName(name);
+    return positions != nullptr ? mTerminals[static_cast<std::size_t>(positions->front())]
+                                : nullptr;
+}
+
+int TerminalManager::GetTerminalIndex(const Terminal* term) const
+{
+    if (term == nullptr)
+    {
+        return -1;
+    }
+    if (term->GetSchPinName().empty() && term->GetLayPinName().empty())
+    {
+        return term->GetEquivNumber();
+    }
+    return Index().FindPosition(term);
+}
+
+void TerminalManager::GetTerminals(std::set<Terminal*>& terminals) const
+{
+    terminals.insert(mTerminals.begin(), mTerminals.end());
+}
+
+void TerminalManager::DeepCopy(const TerminalManager& other, IComponent* parent)
+{
+    if (&other == this)
+    {
+        for (Terminal* term : mTerminals)
+        {
+            term->SetParent(parent);
+        }
+        return;
+    }
+    clear();
+    mTerminals.reserve(other.mTerminals.size());
+    for (const Terminal* source : other.mTerminals)
+    {
+        auto* copy = new Terminal(*source);
+        copy->SetParent(parent);
+        copy->SetNameEditCounter(&mNameEdits);
+        mTerminals.push_back(copy);
+    }
+    mSchPinNames = other.mSchPinNames;
+    mLayPinNames = other.mLayPinNames;
+    Changed();
+}
+
+void TerminalManager::SetAndClear(std::vector<Terminal*>& terminals)
+{
+    const std::unordered_set<const Terminal*> kept(terminals.begin(), terminals.end());
+    for (Terminal* term : mTerminals)
+    {
+        if (kept.count(term) == 0)
+        {
+            delete term;
+        }
+    }
+    mTerminals.clear();
+    mSchPinNames.clear();
+    mLayPinNames.clear();
+    Changed();
+    std::unordered_set<const Terminal*> taken;
+    for (Terminal* term : terminals)
+    {
+        if (term != nullptr && taken.insert(term).second)
+        {
+            Append(term);
+        }
+    }
+    terminals.clear();
+}
+
+IComponent::AddTerminalReturn TerminalManager::AddTerminal(IComponent* comp, Terminal* term)
+{
+    PLINTH_PROFILE_SCOPE("TerminalManager_AddTerminal");
+    if (!PLINTH_ASSERT(comp && term))
+    {
+        return IComponent::kTerminalNotAdded;
+    }
+    const AString& schPinName = term->GetSchPinName();
+    if (!schPinName.empty() && mSchPinNames.count(schPinName) != 0)
+    {
+        return IComponent::kSymbolPinNameTaken;
+    }
+    const AString& layPinName = term->GetLayPinName();
+    if (!layPinName.empty() && mLayPinNames.count(layPinName) != 0)
+    {
+        return IComponent::kFootprintPinNameTaken;
+    }
+    term->SetParent(comp);
+    Append(term);
+    return IComponent::kTerminalAdded;
+}
+
+IComponent::AddTerminalReturn
+TerminalManager::AddTerminal(IComponent* comp, const AString& schPinName, const AString& layPinName,
+                             const AString& gate, bool shared, const TerminalAttributes& attrs,
+                             AString* error)
+{
+    PLINTH_ASSERT(comp);
+    PLINTH_ASSERT(!gate.empty());
+    if (attrs.mDomain != merrowenum::kConservative)
+    {
+        return IComponent::kTerminalAdded;
+    }
+    if (comp == nullptr)
+    {
+        if (error != nullptr)
+        {
+            *error = L"Terminal error";
+        }
+        return IComponent::kTerminalNotAdded;
+    }
+    auto* term = new Terminal(comp, schPinName, layPinName, gate.empty() ? AString(L"A") : gate);
+    term->SetShared(shared);
+    term->SetTerminalAttrs(attrs);
+    const IComponentOwner* owner = comp->GetOwner();
+    term->SetUnconnectedAction(owner != nullptr && owner->GetUnconnectedTerminalCheck() == 0
+                                   ? Terminal::kUniqueNet
+                                   : Terminal::kFlagAsError);
+    const IComponent::AddTerminalReturn result = AddTerminal(comp, term);
+    if (result == IComponent::kTerminalAdded)
+    {
+        return result;
+    }
+    if (error != nullptr)
+    {
+        switch (result)
+        {
+        case IComponent::kSymbolPinNameTaken:
+            error->Format(L"Symbol pin name '%s' already is a terminal for component %s",
+                          schPinName, comp->GetName());
+            break;
+        case IComponent::kFootprintPinNameTaken:
+            error->Format(L"Footprint pin name '%s' already is a terminal for component %s",
+                          layPinName, comp->GetName());
+            break;
+        default:
+            *error = L"Terminal error";
+            break;
+        }
+    }
+    delete term;
+    return result;
+}
+
+void TerminalManager::RemoveTerminal(unsigned int index)
+{
+    if (index >= mTerminals.size())
+    {
+        return;
+    }
+    Discard(mTerminals[index]);
+    mTerminals.erase(mTerminals.begin() + index);
+    Changed();
+}
+
+void TerminalManager::RemoveTerminal(Terminal* term)
+{
+    if (term == nullptr)
+    {
+        return;
+    }
+    const int position = Index().FindPosition(term);
+    if (position >= 0)
+    {
+        RemoveTerminal(static_cast<unsigned int>(position));
+    }
+}
+
+io::ReadError TerminalManager::Read(const io::CBlock& block, IComponent& comp)
+{
+    Terminal::ResetEquivNumber();
+    clear();
+    io::ReadError ret = io::kNoError;
+    for (const io::CBlock_item item : block.Items())
+    {
+        if (!item.HasName(std::string_view("Terminal")))
+        {
+            continue;
+        }
+        io::CBlock_func* termBlock = item.GetBlock();
+        if (termBlock == nullptr)
+        {
+            PostForComponent(
+                comp, Message(kWrongItemKindMessage, kWrongItemKindRecord).AddParams(L"Terminal"));
+            PLINTH_ASSERT(0);
+            return io::kReadFailed;
+        }
+        auto* term = new Terminal(&comp);
+        ret = term->Read(*termBlock);
+        if (ret != io::kNoError)
+        {
+            delete term;
+            PLINTH_ASSERT(ret != io::kDeleteObject);
+            return io::kReadFailed;
+        }
+        Append(term);
+    }
+    return ret;
+}
+
+bool TerminalManager::Write(io::CBlock& block) const
+{
+    for (const Terminal* term : mTerminals)
+    {
+        if (!term->Write(block))
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool TerminalManager::WriteInNeutralFormat(io::CBlock& block) const
+{
+    for (const Terminal* term : mTerminals)
+    {
+        if (!term->WriteNeutral(block))
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+void TerminalManager::SetNumberOfTerminals(int count, IComponent& comp)
+{
+    const long long current = static_cast<long long>(mTerminals.size());
+    const long long diff = static_cast<long long>(count) - current;
+    const long long rounds = diff < 0 ? -diff : diff;
+    for (long long k = 0; k < rounds; ++k)
+    {
+        if (diff < 0)
+        {
+            const long long position = current - k - 1;
+            Terminal* term = position >= 0 && position < static_cast<long long>(mTerminals.size())
+                                 ? mTerminals[static_cast<std::size_t>(position)]
+                                 : nullptr;
+            if (PLINTH_ASSERT(term))
+            {
+                RemoveTerminal(static_cast<unsigned int>(position));
+            }
+        }
+        else
+        {
+            AddTerminal(&comp, AString(), AString(), AString(L"A"), false, TerminalAttributes(),
+                        nullptr);
+            const long long position = current + k;
+            Terminal* term = position < static_cast<long long>(mTerminals.size())
+                                 ? mTerminals[static_cast<std::size_t>(position)]
+                                 : nullptr;
+            if (PLINTH_ASSERT(term))
+            {
+                term->SetEquivNumber(static_cast<int>(position));
+            }
+        }
+    }
+}
+
+void TerminalManager::SetTerminalNames(const std::vector<AString>& names)
+{
+    PLINTH_ASSERT(names.size() == mTerminals.size());
+    const std::size_t count = std::min(names.size(), mTerminals.size());
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        mTerminals[i]->SetTerminalName(names[i]);
+    }
+}
+
+bool TerminalManager::GetTerminalNames(std::vector<AString>& names) const
+{
+    bool anyNamed = false;
+    for (const Terminal* term : mTerminals)
+    {
+        names.push_back(term->GetTerminalName());
+        anyNamed = anyNamed || !term->GetTerminalName().empty();
+    }
+    if (!anyNamed)
+    {
+        names.clear();
+    }
+    return anyNamed;
+}
+
+bool TerminalManager::GetTerminalAttributes(TerminalAttributes& attrs, const AString& pinName,
+                                            const AString& gate) const
+{
+    if (mTerminals.empty())
+    {
+        return false;
+    }
+    const IComponent* comp = mTerminals.front()->GetParent();
+    PLINTH_ASSERT(comp);
+    if (const Terminal* term = GetTerminalFromSchPinName(pinName, gate))
+    {
+        attrs = term->GetTerminalAttrs();
+        return true;
+    }
+    return false;
+}
+
+bool TerminalManager::MatchSignalPins(const std::vector<AString>& pinNames, const AString& gate,
+                                      bool failOnUnnamed) const
+{
+    PinNameIndex pins;
+    pins.Clear();
+    for (std::size_t i = 0; i < pinNames.size(); ++i)
+    {
+        pins.Add(pinNames[i], static_cast<int>(i));
+    }
+    std::size_t named = 0;
+    for (const Terminal* term : mTerminals)
+    {
+        if (!term->GetShared() && !AString::EqualNoCase(term->GetGate(), gate))
+        {
+            continue;
+        }
+        const AString& schPinName = term->GetSchPinName();
+        if (schPinName.empty())
+        {
+            if (failOnUnnamed)
+            {
+                return false;
+            }
+            continue;
+        }
+        if (pins.Find(schPinName) == nullptr)
+        {
+            return false;
+        }
+        ++named;
+    }
+    return named == pinNames.size();
+}
+
+void TerminalManager::SetPortsAndDirections(
+    const std::vector<std::pair<AString, TerminalAttributes>>& ports, std::vector<AString>& added,
+    IComponent* comp)
+{
+    for (const auto& [name, attrs] : ports)
+    {
+        if (attrs.mDomain != merrowenum::kConservative)
+        {
+            PLINTH_ASSERT(0);
+            continue;
+        }
+        auto* term = new Terminal(comp, name, name, AString(L"A"));
+        term->SetTerminalAttrs(attrs);
+        if (AddTerminal(comp, term) != IComponent::kTerminalAdded)
+        {
+            // The list did not take it, so it is still ours.
+            delete term;
+        }
+        added.push_back(name);
+    }
+}
+
+void TerminalManager::SetLayPinNamesForMultipartComponent(
+    std::vector<std::pair<AString, TerminalAttributes>>& ports)
+{
+    mLayPinNames.clear();
+    for (Terminal* term : mTerminals)
+    {
+        AString name = term->GetSchPinName();
+        name += L'_';
+        name += term->GetGate();
+        term->SetLayPinName(name);
+        InsertName(mLayPinNames, name);
+        ports.emplace_back(name, term->GetTerminalAttrs());
+    }
+}
+
+void TerminalManager::SetLayPinNamesFromSymPinNames()
+{
+    for (Terminal* term : mTerminals)
+    {
+        if (term->GetLayPinName().empty())
+        {
+            term->SetLayPinName(term->GetSchPinName());
+        }
+    }
+}
+
+void TerminalManager::ClearAllLayPinNames()
+{
+    for (Terminal* term : mTerminals)
+    {
+        term->SetLayPinName(AString());
+    }
+    mLayPinNames.clear();
+}
+
+void TerminalManager::AddRefTerminals(IComponent* comp, RefPinOption option)
+{
+    switch (option)
+    {
+    case kRefPinCommon:
+        AddTerminal(comp, AString(L"ref"), AString(), AString(L"A"), false, TerminalAttributes(),
+                    nullptr);
+        break;
+    case kRefPinPerPin:
+    case kRefPinPerPinAlt:
+        AddIndividualRefPins(comp);
+        break;
+    default:
+        break;
+    }
+}
+
+void TerminalManager::RemoveRefTerminals(RefPinOption option)
+{
+    switch (option)
+    {
+    case kRefPinCommon:
+    {
+        const Terminal* ref = mTerminals.empty() ? nullptr : mTerminals.back();
+        if (PLINTH_ASSERT(ref))
+        {
+            RemoveTerminal(static_cast<unsigned int>(mTerminals.size() - 1));
+        }
+        break;
+    }
+    case kRefPinPerPin:
+    case kRefPinPerPinAlt:
+        RemoveIndividualRefPins();
+        break;
+    default:
+        break;
+    }
+}
+
+void TerminalManager::AddIndividualRefPins(IComponent* comp)
+{
+    // Inserting reference k at position 2k + 1 one by one puts each right behind its terminal;
+    // building the new list in one pass gives the same list and numbering in linear time.
+    const std::size_t count = mTerminals.size();
+    std::vector<Terminal*> interleaved;
+    interleaved.reserve(2 * count);
+    std::vector<AString> names;
+    names.reserve(count);
+    for (const Terminal* term : mTerminals)
+    {
+        names.push_back(term->GetSchPinName() + L"_ref");
+    }
+    for (std::size_t k = 0; k < count; ++k)
+    {
+        auto* ref = new Terminal(comp, names[k], AString(), AString(L"A"));
+        ref->SetNameEditCounter(&mNameEdits);
+        interleaved.push_back(mTerminals[k]);
+        interleaved.push_back(ref);
+        InsertName(mSchPinNames, names[k]);
+    }
+    mTerminals.swap(interleaved);
+    Changed();
+}
+
+void TerminalManager::RemoveIndividualRefPins()
+{
+    // The terminals at positions 1, 3, 5, ... go, in one pass.
+    std::vector<Terminal*> kept;
+    kept.reserve(mTerminals.size() - mTerminals.size() / 2);
+    for (std::size_t i = 0; i < mTerminals.size(); ++i)
+    {
+        if (i % 2 == 1)
+        {
+            Discard(mTerminals[i]);
+        }
+        else
+        {
+            kept.push_back(mTerminals[i]);
+        }
+    }
+    mTerminals.swap(kept);
+    Changed();
+}
+
+void TerminalManager::SetTerminalData(const std::vector<TerminalInfo>& terminalInfo)
+{
+    PLINTH_ASSERT(terminalInfo.size() == mTerminals.size());
+    const std::size_t count = std::min(terminalInfo.size(), mTerminals.size());
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        Terminal* term = mTerminals[i];
+        EraseName(mSchPinNames, term->GetSchPinName());
+        InsertName(mSchPinNames, terminalInfo[i].mPinName);
+        term->SetSchPinName(terminalInfo[i].mPinName);
+    }
+}
+
+void TerminalManager::GetTerminalInformation(std::vector<TerminalInfo>& terminalInfo) const
+{
+    terminalInfo.reserve(terminalInfo.size() + mTerminals.size());
+    for (const Terminal* term : mTerminals)
+    {
+        TerminalInfo info;
+        info.mPinName = term->GetSchPinName();
+        info.mLayPinName = term->GetLayPinName();
+        info.mGate = term->GetGate();
+        info.mTerminalName = term->GetTerminalName();
+        info.mShared = term->GetShared();
+        info.mEquivNumber = term->GetEquivNumber();
+        info.mAttrs = term->GetTerminalAttrs();
+        terminalInfo.push_back(std::move(info));
+    }
+}
+
+void TerminalManager::GetTerminalLayPinNames(std::set<AString, AString::NoCaseLess>& names) const
+{
+    for (const Terminal* term : mTerminals)
+    {
+        names.insert(term->GetLayPinName());
+    }
+}
+
+void TerminalManager::GetTerminalSchPinNames(std::set<AString, AString::NoCaseLess>& names) const
+{
+    for (const Terminal* term : mTerminals)
+    {
+        if (!term->GetSchPinName().empty())
+        {
+            names.insert(term->GetSchPinName());
+        }
+    }
+}
+
+void TerminalManager::GetTerminalSchPinNames(std::vector<AString>& names) const
+{
+    for (const Terminal* term : mTerminals)
+    {
+        if (!term->GetSchPinName().empty())
+        {
+            names.push_back(term->GetSchPinName());
+        }
+    }
+}
+
+void TerminalManager::GetPortNameVector(std::vector<AString>& names, int libType) const
+{
+    if (!PLINTH_ASSERT((libType == kSymbolLibType) || (libType == kFootprintLibType)))
+    {
+        return;
+    }
+    for (const Terminal* term : mTerminals)
+    {
+        names.push_back(libType == kSymbolLibType ? term->GetSchPinName() : term->GetLayPinName());
+    }
+}
+
+bool TerminalManager::IsSchPinNameInUse(const AString& name) const
+{
+    return mSchPinNames.count(name) != 0;
+}
+
+bool TerminalManager::IsLayPinNameInUse(const AString& name) const
+{
+    return mLayPinNames.count(name) != 0;
+}
+
+bool TerminalManager::NameSetsHold() const
+{
+    NameSet sch;
+    NameSet lay;
+    for (const Terminal* term : mTerminals)
+    {
+        InsertName(sch, term->GetSchPinName());
+        InsertName(lay, term->GetLayPinName());
+    }
+    const auto covered = [](const NameSet& used, const NameSet& set)
+    {
+        return std::all_of(used.begin(), used.end(),
+                           [&set](const auto& entry)
+                           {
+                               const auto found = set.find(entry.first);
+                               return found != set.end() && found->second >= entry.second;
+                           });
+    };
+    return covered(sch, mSchPinNames) && covered(lay, mLayPinNames);
+}
