@@ -27,7 +27,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <set>
 #include <utility>
@@ -35,8 +34,9 @@
 
 namespace qln::connectivity
 {
+class PinNameSet;
 class TerminalIndex;
-}
+} // namespace qln::connectivity
 
 class QLN_API TerminalManager
 {
@@ -189,10 +189,6 @@ public:
     bool NameSetsHold() const;
 
 private:
-    using NameSet = std::map<AString, std::size_t, AString::NoCaseLess>;
-
-    static void InsertName(NameSet& names, const AString& name);
-    static void EraseName(NameSet& names, const AString& name);
     // Appends `term` (a terminal of the manager from now on) and enters its names.
     void Append(Terminal* term);
     // Forgets the names of `term` and deletes it (its slot is the caller's to remove).
@@ -206,8 +202,8 @@ private:
     void RemoveIndividualRefPins();
 
     std::vector<Terminal*> mTerminals;
-    NameSet mSchPinNames;
-    NameSet mLayPinNames;
+    std::unique_ptr<qln::connectivity::PinNameSet> mSchPinNames;
+    std::unique_ptr<qln::connectivity::PinNameSet> mLayPinNames;
     // Advanced by the terminals whenever one of their names changes.
     std::uint64_t mNameEdits = 0;
     std::unique_ptr<qln::connectivity::TerminalIndex> mIndex;

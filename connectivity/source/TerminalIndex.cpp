@@ -13,7 +13,10 @@ void TerminalIndex::Update(const std::vector<Terminal*>& terminals, std::uint64_
     }
     mSchPinNames.Clear();
     mLayPinNames.Clear();
-    mTerminalNames.clear();
+    mTerminalNames.Clear();
+    mSchPinNames.Reserve(terminals.size());
+    mLayPinNames.Reserve(terminals.size());
+    mTerminalNames.Reserve(terminals.size());
     mPositions.clear();
     mPositions.reserve(terminals.size());
     for (std::size_t i = 0; i < terminals.size(); ++i)
@@ -38,14 +41,13 @@ void TerminalIndex::Add(const Terminal& terminal, int position)
 {
     mSchPinNames.Add(terminal.GetSchPinName(), position);
     mLayPinNames.Add(terminal.GetLayPinName(), position);
-    mTerminalNames[terminal.GetTerminalName()].push_back(position);
+    mTerminalNames.Add(terminal.GetTerminalName(), position, false);
     mPositions.emplace(&terminal, position);
 }
 
-const std::vector<int>* TerminalIndex::FindTerminalName(const AString& name) const
+int TerminalIndex::FindTerminalName(const AString& name) const
 {
-    const auto found = mTerminalNames.find(name);
-    return found != mTerminalNames.end() ? &found->second : nullptr;
+    return mTerminalNames.FindFirstText(name);
 }
 
 int TerminalIndex::FindPosition(const Terminal* terminal) const

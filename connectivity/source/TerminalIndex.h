@@ -9,7 +9,7 @@
 #include "PinNameIndex.h"
 
 #include <cstdint>
-#include <map>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -29,8 +29,8 @@ public:
 
     const PinNameIndex& SchPinNames() const { return mSchPinNames; }
     const PinNameIndex& LayPinNames() const { return mLayPinNames; }
-    // Positions of the terminals of that terminal name (ignoring case), ascending; null if none.
-    const std::vector<int>* FindTerminalName(const AString& name) const;
+    // The first position of a terminal of that terminal name (ignoring case), or -1.
+    int FindTerminalName(const AString& name) const;
     // The position of `terminal`, or -1.
     int FindPosition(const Terminal* terminal) const;
 
@@ -41,7 +41,7 @@ private:
     std::uint64_t mEditCount = 0;
     PinNameIndex mSchPinNames;
     PinNameIndex mLayPinNames;
-    std::map<AString, std::vector<int>, AString::NoCaseLess> mTerminalNames;
+    PinNameIndex mTerminalNames;
     std::unordered_map<const Terminal*, int> mPositions;
 };
 } // namespace qln::connectivity

@@ -8,6 +8,7 @@
 #include "Message.h"
 #include "MessageManager.h"
 #include "PinNameIndex.h"
+#include "PinNameSet.h"
 #include "Profiler.h"
 #include "TerminalIndex.h"
 
@@ -15,6 +16,7 @@
 #include <unordered_set>
 
 using qln::connectivity::PinNameIndex;
+using qln::connectivity::PinNameSet;
 using qln::connectivity::TerminalIndex;
 
 namespace
@@ -41,28 +43,15 @@ void PostForComponent(const IComponent& comp, const Message& message)
 }
 } // namespace
 
-TerminalManager::TerminalManager() : mIndex(std::make_unique<TerminalIndex>()) {}
+TerminalManager::TerminalManager()
+    : mSchPinNames(std::make_unique<PinNameSet>()), mLayPinNames(std::make_unique<PinNameSet>()),
+      mIndex(std::make_unique<TerminalIndex>())
+{
+}
 
 TerminalManager::~TerminalManager()
 {
     clear();
-}
-
-void TerminalManager::InsertName(NameSet& names, const AString& name)
-{
-    if (!name.empty())
-    {
-        ++names[name];
-    }
-}
-
-void TerminalManager::EraseName(NameSet& names, const AString& name)
-{
-    const auto found = names.find(name);
-    if (found != names.end() && --found->second == 0)
-    {
-        names.erase(found);
-    }
 }
 
 void TerminalManager::Changed() const
@@ -80,15 +69,15 @@ void TerminalManager::Append(Terminal* term)
 {
     term->SetNameEditCounter(&mNameEdits);
     mTerminals.push_back(term);
-    InsertName(mSchPinNames, term->GetSchPinName());
-    InsertName(mLayPinNames, term->GetLayPinName());
+    mSchPinNames->Insert(term->GetSchPinName());
+    mLayPinNames->Insert(term->GetLayPinName());
     mIndex->Append(mTerminals, mNameEdits);
 }
 
 void TerminalManager::Discard(Terminal* term)
 {
-    EraseName(mSchPinNames, term->GetSchPinName());
-    EraseName(mLayPinNames, term->GetLayPinName());
+    mSchPinNames->Erase(term->GetSchPinName());
+    mLayPinNames->Erase(term->GetLayPinName());
     delete term;
 }
 
@@ -99,8 +88,8 @@ void TerminalManager::clear()
         delete term;
     }
     mTerminals.clear();
-    mSchPinNames.clear();
-    mLayPinNames.clear();
+    mSchPinNames->Clear();
+    mLayPinNames->Clear();
     Changed();
 }
 
@@ -142,9 +131,8 @@ Terminal* TerminalManager::GetTerminalFromLayPinName(const AString& pinName) con
 
 Terminal* TerminalManager::GetTerminalFromTerminalName(const AString& name) const
 {
-    const std::vector<int>* positions = Index().FindTerminalName(name);
-    return positions != nullptr ? mTerminals[static_cast<std::size_t>(positions->front())]
-                                : nullptr;
+    const int position = Index().FindTerminalName(name);
+    return position >= 0 ? mTerminals[static_cast<std::size_t>(position)] : nullptr;
 }
 
 int TerminalManager::GetTerminalIndex(const Terminal* term) const
@@ -184,8 +172,8 @@ void TerminalManager::DeepCopy(const TerminalManager& other, IComponent* parent)
         copy->SetNameEditCounter(&mNameEdits);
         mTerminals.push_back(copy);
     }
-    mSchPinNames = other.mSchPinNames;
-    mLayPinNames = other.mLayPinNames;
+    *mSchPinNames = *other.mSchPinNames;
+    *mLayPinNames = *other.mLayPinNames;
     Changed();
 }
 
@@ -200,8 +188,8 @@ void TerminalManager::SetAndClear(std::vector<Terminal*>& terminals)
         }
     }
     mTerminals.clear();
-    mSchPinNames.clear();
-    mLayPinNames.clear();
+    mSchPinNames->Clear();
+    mLayPinNames->Clear();
     Changed();
     std::unordered_set<const Terminal*> taken;
     for (Terminal* term : terminals)
@@ -222,12 +210,12 @@ IComponent::AddTerminalReturn TerminalManager::AddTerminal(IComponent* comp, Ter
         return IComponent::kTerminalNotAdded;
     }
     const AString& schPinName = term->GetSchPinName();
-    if (!schPinName.empty() && mSchPinNames.count(schPinName) != 0)
+    if (!schPinName.empty() && mSchPinNames->Contains(schPinName))
     {
         return IComponent::kSymbolPinNameTaken;
     }
     const AString& layPinName = term->GetLayPinName();
-    if (!layPinName.empty() && mLayPinNames.count(layPinName) != 0)
+    if (!layPinName.empty() && mLayPinNames->Contains(layPinName))
     {
         return IComponent::kFootprintPinNameTaken;
     }
@@ -449,6 +437,7 @@ bool TerminalManager::MatchSignalPins(const std::vector<AString>& pinNames, cons
 {
     PinNameIndex pins;
     pins.Clear();
+    pins.Reserve(pinNames.size());
     for (std::size_t i = 0; i < pinNames.size(); ++i)
     {
         pins.Add(pinNames[i], static_cast<int>(i));
@@ -469,7 +458,7 @@ bool TerminalManager::MatchSignalPins(const std::vector<AString>& pinNames, cons
             }
             continue;
         }
-        if (pins.Find(schPinName) == nullptr)
+        if (!pins.Contains(schPinName))
         {
             return false;
         }
@@ -503,14 +492,14 @@ void TerminalManager::SetPortsAndDirections(
 void TerminalManager::SetLayPinNamesForMultipartComponent(
     std::vector<std::pair<AString, TerminalAttributes>>& ports)
 {
-    mLayPinNames.clear();
+    mLayPinNames->Clear();
     for (Terminal* term : mTerminals)
     {
         AString name = term->GetSchPinName();
         name += L'_';
         name += term->GetGate();
         term->SetLayPinName(name);
-        InsertName(mLayPinNames, name);
+        mLayPinNames->Insert(name);
         ports.emplace_back(name, term->GetTerminalAttrs());
     }
 }
@@ -532,7 +521,7 @@ void TerminalManager::ClearAllLayPinNames()
     {
         term->SetLayPinName(AString());
     }
-    mLayPinNames.clear();
+    mLayPinNames->Clear();
 }
 
 void TerminalManager::AddRefTerminals(IComponent* comp, RefPinOption option)
@@ -593,7 +582,7 @@ void TerminalManager::AddIndividualRefPins(IComponent* comp)
         ref->SetNameEditCounter(&mNameEdits);
         interleaved.push_back(mTerminals[k]);
         interleaved.push_back(ref);
-        InsertName(mSchPinNames, names[k]);
+        mSchPinNames->Insert(names[k]);
     }
     mTerminals.swap(interleaved);
     Changed();
@@ -626,8 +615,8 @@ void TerminalManager::SetTerminalData(const std::vector<TerminalInfo>& terminalI
     for (std::size_t i = 0; i < count; ++i)
     {
         Terminal* term = mTerminals[i];
-        EraseName(mSchPinNames, term->GetSchPinName());
-        InsertName(mSchPinNames, terminalInfo[i].mPinName);
+        mSchPinNames->Erase(term->GetSchPinName());
+        mSchPinNames->Insert(terminalInfo[i].mPinName);
         term->SetSchPinName(terminalInfo[i].mPinName);
     }
 }
@@ -693,31 +682,27 @@ void TerminalManager::GetPortNameVector(std::vector<AString>& names, int libType
 
 bool TerminalManager::IsSchPinNameInUse(const AString& name) const
 {
-    return mSchPinNames.count(name) != 0;
+    return mSchPinNames->Contains(name);
 }
 
 bool TerminalManager::IsLayPinNameInUse(const AString& name) const
 {
-    return mLayPinNames.count(name) != 0;
+    return mLayPinNames->Contains(name);
 }
 
 bool TerminalManager::NameSetsHold() const
 {
-    NameSet sch;
-    NameSet lay;
+    PinNameSet sch;
+    PinNameSet lay;
     for (const Terminal* term : mTerminals)
     {
-        InsertName(sch, term->GetSchPinName());
-        InsertName(lay, term->GetLayPinName());
+        sch.Insert(term->GetSchPinName());
+        lay.Insert(term->GetLayPinName());
     }
-    const auto covered = [](const NameSet& used, const NameSet& set)
-    {
-        return std::all_of(used.begin(), used.end(),
-                           [&set](const auto& entry)
-                           {
-                               const auto found = set.find(entry.first);
-                               return found != set.end() && found->second >= entry.second;
-                           });
-    };
-    return covered(sch, mSchPinNames) && covered(lay, mLayPinNames);
+    bool hold = true;
+    sch.ForEach([&](const AString& name, std::size_t count)
+                { hold = hold && mSchPinNames->CountOf(name) >= count; });
+    lay.ForEach([&](const AString& name, std::size_t count)
+                { hold = hold && mLayPinNames->CountOf(name) >= count; });
+    return hold;
 }
