@@ -2,6 +2,7 @@
 
 #include "BatchCommands.h"
 #include "BlockCommands.h"
+#include "ComponentCommands.h"
 #include "NetCommands.h"
 #include "PathCommands.h"
 #include "Profiler.h"
@@ -110,6 +111,7 @@ void AddFamilies(CLI::App& app, CommandContext& context)
     AddNetCommands(app, context);
     AddPathCommands(app, context);
     AddBlockCommands(app, context);
+    AddComponentCommands(app, context);
     AddBatchCommands(app, context);
 }
 
