@@ -331,10 +331,11 @@ TEST_F(TerminalTest, WriteWithoutCircuitManagerAssertsDsm)
     const std::pair<const Terminal*, const char*> cases[] = {
         {&term, "Terminal { \"IN\" \"1\" \"A\" false 0 0 \"0\" }"},
         {&orphan, "Terminal { \"IN\" \"1\" \"A\" false 1 0 \"0\" }"}};
-    for (const auto& [t, expected] : cases)
+    for (const auto& c : cases)
     {
+        const Terminal* t = c.first;
         AssertCapture capture;
-        EXPECT_EQ(Written([&](io::CBlock& root) { return t->Write(root); }), expected);
+        EXPECT_EQ(Written([&](io::CBlock& root) { return t->Write(root); }), c.second);
         EXPECT_EQ(capture.Texts(), std::vector<std::string>{"dsm"});
     }
 }
