@@ -9,6 +9,7 @@
 #include "QuillonVersion.h"
 #include "RefApplication.h"
 #include "TextCommands.h"
+#include "ValueCommands.h"
 
 #include <CLI/CLI.hpp>
 
@@ -109,6 +110,7 @@ void AddFamilies(CLI::App& app, CommandContext& context)
 {
     AddTextCommands(app, context);
     AddNetCommands(app, context);
+    AddValueCommands(app, context);
     AddPathCommands(app, context);
     AddBlockCommands(app, context);
     AddComponentCommands(app, context);

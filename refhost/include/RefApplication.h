@@ -1,7 +1,9 @@
 // RefApplication: the application object of the in-memory reference host. Creating one installs
 // it as the process's application (SetIMerrowApplication); destroying it puts back the one that
 // was installed before, so a test fixture can simply hold one. It owns the projects and, through
-// them, every design object of the host.
+// them, every design object of the host. Expressions see the variables of its active design
+// (and of that design's project), and instance references resolve on the active design's
+// instances through its instance-parameter factory (RefVariables.h).
 #pragma once
 
 #include "CircuitEnvironment.h"
@@ -9,14 +11,18 @@
 #include "RefHostExport.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <vector>
 
 class IAppBase;
 class ICircuitEnvironment;
+class ValueBase;
 
 namespace refhost
 {
+class RefCompInst;
+class RefDesign;
 class RefModelCompiler;
 class RefProject;
 
@@ -73,6 +79,25 @@ public:
     // The first project of that name, ignoring case; null when none.
     RefProject* FindProject(const AString& name) const;
 
+    // The design whose variables expressions see (with its project's); null for none. A
+    // design that ends stops being active.
+    void SetActiveDesign(RefDesign* design) { mActiveDesign = design; }
+    RefDesign* GetActiveDesign() const { return mActiveDesign; }
+
+    // Makes the value object that stands for parameter `parameter` of `instance`, an instance
+    // of the active design, for an instance reference ("R1.R"); owned by the caller, null when
+    // it cannot. Until one is set, instance references resolve to nothing.
+    using InstanceParameterFactory =
+        std::function<ValueBase*(RefCompInst& instance, const AString& parameter)>;
+    void SetInstanceParameterFactory(InstanceParameterFactory factory)
+    {
+        mInstanceParameterFactory = std::move(factory);
+    }
+    const InstanceParameterFactory& GetInstanceParameterFactory() const
+    {
+        return mInstanceParameterFactory;
+    }
+
 private:
     AString mSysLibDirectory;
     AString mUserLibDirectory;
@@ -85,5 +110,7 @@ private:
     std::unique_ptr<RefModelCompiler> mModelCompiler;
     std::vector<std::unique_ptr<RefProject>> mProjects;
     IMerrowApplication* mPrevious = nullptr;
+    RefDesign* mActiveDesign = nullptr;
+    InstanceParameterFactory mInstanceParameterFactory;
 };
 } // namespace refhost

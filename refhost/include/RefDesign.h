@@ -1,17 +1,21 @@
 // RefDesign: a design of a reference-host project, with its editor, the instances that place it
 // and the component instances placed in it. The design serves its hierarchy and schematic views
 // itself (numbered queries); its editor serves the editor's circuit view and hierarchical side.
+// It holds the design variables, which see the project variables.
 #pragma once
 
 #include "DesignViews.h"
 #include "ICircuit.h"
 #include "IDesign.h"
 #include "IDesignEditor.h"
+#include "PropList.h"
 #include "RefHostExport.h"
 
 #include <cstddef>
 #include <memory>
 #include <vector>
+
+class VariableProp;
 
 namespace refhost
 {
@@ -81,6 +85,13 @@ public:
     // The first component instance of that name, ignoring case; null when none.
     RefCompInst* FindCompInst(const AString& name) const;
 
+    // The design variables, as variable properties; their parent scope is the project's.
+    PropList& GetVariables() { return mVariables; }
+    const PropList& GetVariables() const { return mVariables; }
+    // Adds a design variable holding `text`; null when the name is no variable name or begins
+    // with "$" (a project variable's), is taken, or the text is no value.
+    VariableProp* AddVariable(const AString& name, const AString& text);
+
 private:
     friend class RefProject;
     RefDesign(RefProject& project, const AString& name, CircuitEnvironment environment);
@@ -91,5 +102,6 @@ private:
     std::unique_ptr<RefDesignEditor> mEditor;
     std::vector<std::unique_ptr<RefDesignInstance>> mInstances;
     std::vector<std::unique_ptr<RefCompInst>> mCompInsts;
+    PropList mVariables;
 };
 } // namespace refhost

@@ -1,7 +1,9 @@
 // The managers of one project of the reference host. The design manager owns the others and
 // they lead to one another the way the host's do: the circuit manager is a companion that the
 // design manager hands out by query only, the definition manager is also the circuit definition
-// manager (found by cast), and the creation managers likewise serve both sides.
+// manager (found by cast), and the creation managers likewise serve both sides. The circuit
+// manager also provides the button clients of the project's properties by number
+// (IPropClientFactory); the design manager keeps them.
 #pragma once
 
 #include "ICircuitDefCreationMgr.h"
@@ -11,13 +13,16 @@
 #include "IDefCreationMgr.h"
 #include "IDefinitionMgr.h"
 #include "IDesignMgr.h"
+#include "IPropClientFactory.h"
 #include "RefHostExport.h"
 
 #include <cstddef>
+#include <map>
 #include <memory>
 
 namespace refhost
 {
+class RefButtonPropClient;
 class RefDefinitionMgr;
 class RefDesignMgr;
 class RefNatureMgr;
@@ -89,10 +94,10 @@ private:
     std::unique_ptr<RefCircuitLibraryMgr> mLibraryMgr;
 };
 
-class REFHOST_API RefCircuitMgr final : public ICircuitMgr
+class REFHOST_API RefCircuitMgr final : public ICircuitMgr, public IPropClientFactory
 {
 public:
-    // Answers ICircuitMgr.
+    // Answers ICircuitMgr and IPropClientFactory.
     void* QueryInterface(int id) override;
     IDesignMgr* GetDesignMgr() const override;
     ICircuitDefinitionMgr* GetCircuitDefinitionMgr() const override;
@@ -100,6 +105,9 @@ public:
     INatureMgr* GetNatureMgr() const override;
     // Posts to the framework's message manager and counts the message.
     bool PostUserMessage(const Message& message) const override;
+
+    // The design manager's button client of that number, or null.
+    IButtonPropClient* GetButtonPropClient(int clientID) const override;
 
     // The number of messages posted through this circuit manager.
     std::size_t GetPostedMessageCount() const { return mPostedMessageCount; }
@@ -147,6 +155,12 @@ public:
     void SetProjectOpen(bool open) { mProjectOpen = open; }
     bool IsProjectOpen() const { return mProjectOpen; }
 
+    // Adds (or replaces) the button client numbered `clientID`, opening dialogs of
+    // `dialogKind`; the design manager owns it.
+    RefButtonPropClient& AddButtonPropClient(int clientID, int dialogKind);
+    // The client of that number, or null.
+    RefButtonPropClient* FindButtonPropClient(int clientID) const;
+
 private:
     friend class RefProject;
     explicit RefDesignMgr(RefProject& project);
@@ -158,5 +172,6 @@ private:
     std::unique_ptr<RefNatureMgr> mNatureMgr;
     std::unique_ptr<RefDefinitionMgr> mDefinitionMgr;
     std::unique_ptr<RefCircuitMgr> mCircuitMgr;
+    std::map<int, std::unique_ptr<RefButtonPropClient>> mButtonClients;
 };
 } // namespace refhost

@@ -1,16 +1,21 @@
 // RefProject: an open project of the reference host. It owns its design manager (with the
 // project's other managers), its designs and its component definitions, and is the owning
-// object of those components (IComponentOwner), holding the setting that applies to them.
+// object of those components (IComponentOwner), holding the setting that applies to them. It
+// also holds the project variables (names beginning with "$") and the identifier of the
+// project's enumeration column.
 #pragma once
 
 #include "CircuitEnvironment.h"
 #include "IComponentOwner.h"
 #include "IProject.h"
+#include "PropList.h"
 #include "RefHostExport.h"
 
 #include <cstddef>
 #include <memory>
 #include <vector>
+
+class VariableProp;
 
 namespace refhost
 {
@@ -55,6 +60,17 @@ public:
     RefComponent* GetComponent(std::size_t index) const;
     RefComponent* FindComponent(const AString& name) const;
 
+    // The project variables, as variable properties.
+    PropList& GetVariables() { return mVariables; }
+    const PropList& GetVariables() const { return mVariables; }
+    // Adds a project variable holding `text` ("$" is put in front of a name without it); null
+    // when the name is no identifier, the text is no value, or the name is taken.
+    VariableProp* AddVariable(const AString& name, const AString& text);
+
+    // The identifier of the project's enumeration column (distinct per project, from 1 on).
+    int GetEnumColumnID() const { return mEnumColumnID; }
+    void SetEnumColumnID(int columnID) { mEnumColumnID = columnID; }
+
 private:
     friend class RefApplication;
     RefProject(RefApplication& application, const AString& name, const AString& directory);
@@ -66,5 +82,7 @@ private:
     std::unique_ptr<RefDesignMgr> mDesignMgr;
     std::vector<std::unique_ptr<RefDesign>> mDesigns;
     std::vector<std::unique_ptr<RefComponent>> mComponents;
+    PropList mVariables;
+    int mEnumColumnID;
 };
 } // namespace refhost

@@ -5,6 +5,7 @@
 #include "INetworkDataExplorer.h"
 #include "RefModelCompiler.h"
 #include "RefProject.h"
+#include "RefVariables.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -83,6 +84,7 @@ RefApplication::RefApplication()
 {
     mPrevious = SetIMerrowApplication(this);
     LiveApplications().push_back(this);
+    AcquireValueHooks();
 }
 
 RefApplication::~RefApplication()
@@ -103,6 +105,7 @@ RefApplication::~RefApplication()
     {
         SetIMerrowApplication(mPrevious);
     }
+    ReleaseValueHooks();
 }
 
 void* RefApplication::QueryInterface(int id)

@@ -2,6 +2,7 @@
 
 #include "ComponentExtensions.h"
 #include "IDynamicNportModel.h"
+#include "Property.h"
 #include "RefDesign.h"
 #include "RefManagers.h"
 #include "RefProject.h"
@@ -71,7 +72,7 @@ private:
 // RefComponent --------------------------------------------------------------------------------
 
 RefComponent::RefComponent(RefProject& project, const AString& name, RefDesign* design)
-    : mProject(project), mName(name), mDesign(design)
+    : mProject(project), mName(name), mDesign(design), mProps(std::make_unique<PropList>())
 {
 }
 
@@ -110,6 +111,16 @@ INatureMgr* RefComponent::GetNatureMgr() const
     return mProject.GetDesignMgr().GetRefCircuitMgr().GetNatureMgr();
 }
 
+PropList* RefComponent::GetServedPropList(int index) const
+{
+    return index == 0 ? mProps.get() : nullptr;
+}
+
+void RefComponent::PropChanged(const Property& prop, const PropChange& change)
+{
+    mPropChanges.push_back({prop.PropertyName(), change});
+}
+
 void RefComponent::SetExtensionKind(RefExtensionKind kind)
 {
     switch (kind)
@@ -143,6 +154,21 @@ void RefComponent::SetDynamicNportPorts(int portCount)
 RefCompInst::RefCompInst(RefDesign& design, const AString& name, RefComponent& component)
     : mDesign(design), mName(name), mComponent(component)
 {
+    for (auto& list : mLists)
+    {
+        list = std::make_unique<PropList>();
+    }
+    mLists[1]->SetParentScope(&design.GetVariables());
+}
+
+PropList* RefCompInst::GetServedPropList(int index) const
+{
+    return index >= 0 && index < 3 ? mLists[index].get() : nullptr;
+}
+
+void RefCompInst::PropChanged(const Property& prop, const PropChange& change)
+{
+    mPropChanges.push_back({prop.PropertyName(), change});
 }
 
 RefCompInst::~RefCompInst() = default;

@@ -1,9 +1,12 @@
 #include "RefDesign.h"
 
 #include "Assert.h"
+#include "RefApplication.h"
 #include "RefComponent.h"
 #include "RefDesignInstance.h"
 #include "RefProject.h"
+#include "RefVariables.h"
+#include "Variable.h"
 
 namespace refhost
 {
@@ -39,9 +42,28 @@ IDesignEditor* RefDesignEditor::GetDesignEditor() const
 RefDesign::RefDesign(RefProject& project, const AString& name, CircuitEnvironment environment)
     : mProject(project), mName(name), mEnvironment(environment), mEditor(new RefDesignEditor(*this))
 {
+    mVariables.SetParentScope(&project.GetVariables());
 }
 
-RefDesign::~RefDesign() = default;
+RefDesign::~RefDesign()
+{
+    RefApplication& application = mProject.GetApplication();
+    if (application.GetActiveDesign() == this)
+    {
+        application.SetActiveDesign(nullptr);
+    }
+    // The instances' parameter lists see the variables: they go first.
+    mCompInsts.clear();
+}
+
+VariableProp* RefDesign::AddVariable(const AString& name, const AString& text)
+{
+    if (!name.empty() && name.front() == Variable::kProjectPrefix)
+    {
+        return nullptr;
+    }
+    return AddVariableTo(mVariables, name, text);
+}
 
 void* RefDesign::QueryInterface(int id)
 {

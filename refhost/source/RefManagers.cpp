@@ -1,5 +1,6 @@
 #include "RefManagers.h"
 
+#include "RefButtonPropClient.h"
 #include "RefNatureMgr.h"
 #include "RefProject.h"
 
@@ -99,7 +100,17 @@ ICircuitLibraryMgr* RefDefinitionMgr::GetCircuitLibraryMgr() const
 
 void* RefCircuitMgr::QueryInterface(int id)
 {
-    return id == kInterfaceId ? static_cast<ICircuitMgr*>(this) : nullptr;
+    if (id == ICircuitMgr::kInterfaceId)
+    {
+        return static_cast<ICircuitMgr*>(this);
+    }
+    return id == IPropClientFactory::kInterfaceId ? static_cast<IPropClientFactory*>(this)
+                                                  : nullptr;
+}
+
+IButtonPropClient* RefCircuitMgr::GetButtonPropClient(int clientID) const
+{
+    return mDesignMgr.FindButtonPropClient(clientID);
 }
 
 IDesignMgr* RefCircuitMgr::GetDesignMgr() const
@@ -132,6 +143,19 @@ RefDesignMgr::RefDesignMgr(RefProject& project)
 }
 
 RefDesignMgr::~RefDesignMgr() = default;
+
+RefButtonPropClient& RefDesignMgr::AddButtonPropClient(int clientID, int dialogKind)
+{
+    auto& client = mButtonClients[clientID];
+    client = std::make_unique<RefButtonPropClient>(dialogKind);
+    return *client;
+}
+
+RefButtonPropClient* RefDesignMgr::FindButtonPropClient(int clientID) const
+{
+    const auto found = mButtonClients.find(clientID);
+    return found == mButtonClients.end() ? nullptr : found->second.get();
+}
 
 void* RefDesignMgr::QueryInterface(int id)
 {

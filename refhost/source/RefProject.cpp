@@ -4,6 +4,8 @@
 #include "RefComponent.h"
 #include "RefDesign.h"
 #include "RefManagers.h"
+#include "RefVariables.h"
+#include "Variable.h"
 
 namespace refhost
 {
@@ -21,12 +23,28 @@ T* FindByName(const std::vector<std::unique_ptr<T>>& objects, const AString& nam
     }
     return nullptr;
 }
+
+int NextEnumColumnID()
+{
+    static int next = 0;
+    return ++next;
+}
 } // namespace
 
 RefProject::RefProject(RefApplication& application, const AString& name, const AString& directory)
     : mApplication(application), mName(name), mDirectory(directory),
-      mDesignMgr(new RefDesignMgr(*this))
+      mDesignMgr(new RefDesignMgr(*this)), mEnumColumnID(NextEnumColumnID())
 {
+}
+
+VariableProp* RefProject::AddVariable(const AString& name, const AString& text)
+{
+    AString prefixed = name;
+    if (!Variable::CreateNameWithPrefix(prefixed, Variable::kProjectPrefix))
+    {
+        return nullptr;
+    }
+    return AddVariableTo(mVariables, prefixed, text);
 }
 
 RefProject::~RefProject() = default;

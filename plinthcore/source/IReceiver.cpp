@@ -1,0 +1,3 @@
+#include "IReceiver.h"
+
+void IReceiver::GetMsgTargets(std::vector<IReceiver*>& /*targets*/) const {}

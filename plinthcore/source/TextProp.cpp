@@ -1,0 +1,60 @@
+#include "TextProp.h"
+
+#include "IScriptArgInfo.h"
+#include "PropVisitor.h"
+
+TextProp::TextProp(const AString& name, const AString& text, const PropFlags& flags)
+    : Property(name, flags), mText(text)
+{
+}
+
+TextProp::~TextProp() = default;
+
+bool TextProp::ChangeValue(const AString& text)
+{
+    mText = text;
+    return true;
+}
+
+Property* TextProp::CloneProp() const
+{
+    return new TextProp(*this);
+}
+
+void TextProp::Accept(PropVisitor& visitor)
+{
+    visitor.VisitTextProp(*this);
+}
+
+void TextProp::Accept(ConstPropVisitor& visitor) const
+{
+    visitor.VisitTextProp(*this);
+}
+
+void TextProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& change) const
+{
+    Property::GetScriptArguments(args, change);
+    if (change.HasValue())
+    {
+        args.SetString(L"Value", mText);
+    }
+}
+
+bool TextProp::AssignFromScriptArguments(const IScriptArgInfo& args, PropChange& change)
+{
+    bool ok = Property::AssignFromScriptArguments(args, change);
+    AString text;
+    if (args.GetString(L"Value", text))
+    {
+        if (text != mText)
+        {
+            mText = text;
+            change.Add(PropChange::kValue);
+        }
+    }
+    else if (args.HasArgument(L"Value"))
+    {
+        ok = false;
+    }
+    return ok;
+}
