@@ -85,6 +85,19 @@ std::size_t PinNameSet::CountOf(const AString& name) const
     return mSlots[Find(name, PinNameIndex::FoldedHash(name))].count;
 }
 
+void PinNameSet::Reserve(std::size_t count)
+{
+    std::size_t capacity = mSlots.empty() ? 16 : mSlots.size();
+    while (capacity < 2 * (mTaken + count) + 2)
+    {
+        capacity *= 2;
+    }
+    if (capacity != mSlots.size())
+    {
+        Rebuild(capacity);
+    }
+}
+
 void PinNameSet::Clear()
 {
     mSlots.clear();

@@ -25,6 +25,8 @@ public:
     // The number of distinct names in use.
     std::size_t GetSize() const { return mInUse; }
     void Clear();
+    // Makes room for `count` distinct names.
+    void Reserve(std::size_t count);
     // Calls `visit(name, count)` for each name in use.
     template <typename Visit> void ForEach(Visit visit) const
     {

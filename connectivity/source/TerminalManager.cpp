@@ -304,6 +304,13 @@ io::ReadError TerminalManager::Read(const io::CBlock& block, IComponent& comp)
 {
     Terminal::ResetEquivNumber();
     clear();
+    const auto items = block.Items();
+    const std::size_t count = static_cast<std::size_t>(std::count_if(
+        items.begin(), items.end(),
+        [](const io::CBlock_item& item) { return item.HasName(std::string_view("Terminal")); }));
+    mTerminals.reserve(count);
+    mSchPinNames->Reserve(count);
+    mLayPinNames->Reserve(count);
     io::ReadError ret = io::kNoError;
     for (const io::CBlock_item item : block.Items())
     {
