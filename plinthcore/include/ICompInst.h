@@ -6,6 +6,7 @@
 
 class ICompInstExtension;
 class IComponent;
+class PropList;
 
 class PLINTH_API ICompInst : public virtual IInterfaceQueriable
 {
@@ -18,4 +19,9 @@ public:
     virtual IComponent* GetComponent() const = 0;
     // The extension that another editor attached to the instance; null when none.
     virtual ICompInstExtension* GetExtension() const = 0;
+    // The instance's three property lists, in this order: its own properties (among them the
+    // "CompDlg" button of its dialog), its parameters, and the properties other editors keep.
+    virtual PropList* GetPropList() const = 0;
+    virtual PropList* GetParameterPropList() const = 0;
+    virtual PropList* GetExtraPropList() const = 0;
 };

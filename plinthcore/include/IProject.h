@@ -14,4 +14,7 @@ public:
     virtual AString GetName() const = 0;
     // The project's directory, as the host stores it (no separator added or removed).
     virtual AString GetDirectory() const = 0;
+    // The identifier of the project's enumeration column, under which enumeration literals
+    // are registered (EnumColumn::RegisterEnumStringMappings).
+    virtual int GetEnumColumnID() const = 0;
 };

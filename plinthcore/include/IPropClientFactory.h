@@ -3,6 +3,7 @@
 // project file reconnects through it; the host's circuit manager offers one by interface query.
 #pragma once
 
+#include "InterfaceId.h"
 #include "PlinthExport.h"
 
 class IButtonPropClient;
@@ -12,7 +13,7 @@ class PLINTH_API IPropClientFactory
 public:
     // The framework's identifier for the interface query (distinct from those of
     // InterfaceId.h).
-    static constexpr int kInterfaceId = 41400;
+    static constexpr int kInterfaceId = kIPropClientFactoryId;
 
     virtual ~IPropClientFactory() = default;
 

@@ -44,5 +44,6 @@ enum InterfaceId : int
     kISableCompInstExtensionId,
     kIDynamicNportModelId,
     kIModelCompilerId,
-    kINatureMgrId
+    kINatureMgrId,
+    kIPropClientFactoryId = 41400
 };

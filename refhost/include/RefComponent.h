@@ -112,9 +112,9 @@ public:
 
     // The instance's three property lists: its own properties, its parameters, and the extra
     // properties of other editors. The parameters see the design's variables.
-    PropList* GetPropList() const { return mLists[0].get(); }
-    PropList* GetParameterPropList() const { return mLists[1].get(); }
-    PropList* GetExtraPropList() const { return mLists[2].get(); }
+    PropList* GetPropList() const override { return mLists[0].get(); }
+    PropList* GetParameterPropList() const override { return mLists[1].get(); }
+    PropList* GetExtraPropList() const override { return mLists[2].get(); }
     // IPropServer: the three lists in that order; changes are recorded.
     int GetPropListCount() const override { return 3; }
     PropList* GetServedPropList(int index) const override;

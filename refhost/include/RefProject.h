@@ -68,7 +68,7 @@ public:
     VariableProp* AddVariable(const AString& name, const AString& text);
 
     // The identifier of the project's enumeration column (distinct per project, from 1 on).
-    int GetEnumColumnID() const { return mEnumColumnID; }
+    int GetEnumColumnID() const override { return mEnumColumnID; }
     void SetEnumColumnID(int columnID) { mEnumColumnID = columnID; }
 
 private:
