@@ -3,6 +3,7 @@
 #include "BatchCommands.h"
 #include "BlockCommands.h"
 #include "ComponentCommands.h"
+#include "DataTypeCommands.h"
 #include "NetCommands.h"
 #include "PathCommands.h"
 #include "Profiler.h"
@@ -114,6 +115,7 @@ void AddFamilies(CLI::App& app, CommandContext& context)
     AddPathCommands(app, context);
     AddBlockCommands(app, context);
     AddComponentCommands(app, context);
+    AddDataTypeCommands(app, context);
     AddBatchCommands(app, context);
 }
 

@@ -4,6 +4,7 @@
 
 #include "AString.h"
 #include "IInterfaceQueriable.h"
+#include "Units.h"
 
 class IComponent;
 
@@ -16,10 +17,11 @@ public:
     // (null: none in particular); `libraryName` the library to search ("0" or empty: every
     // library). The physical type `physicalTypeName` is consulted first when not empty, then
     // `typeName`, then `baseTypeName`. On success writes the unit's name and code and returns
-    // true; otherwise returns false and leaves both outputs alone.
-    //   ("0", "voltage", "voltage", "") => true, unitName "V", unit 68
-    // The unit code is a unit type of the framework's unit table (90: no unit).
+    // true; otherwise returns false and leaves both outputs alone. The unit is a unit of the
+    // framework's table (Units::kNoUnit, 90, for none).
+    //   ("0", "voltage", "voltage", "") => true, unitName "V", unit Units::kVolt (68)
     virtual bool GetUnitOfType(const IComponent* component, const AString& libraryName,
                                const AString& typeName, const AString& baseTypeName,
-                               const AString& physicalTypeName, AString& unitName, int& unit) = 0;
+                               const AString& physicalTypeName, AString& unitName,
+                               Units::FullUnitType& unit) = 0;
 };

@@ -28,11 +28,12 @@ public:
     // made for a particular one.
     bool GetUnitOfType(const IComponent* component, const AString& libraryName,
                        const AString& typeName, const AString& baseTypeName,
-                       const AString& physicalTypeName, AString& unitName, int& unit) override;
+                       const AString& physicalTypeName, AString& unitName,
+                       Units::FullUnitType& unit) override;
 
     // Declares `typeName` in `libraryName` (empty: in every library) with its unit; replaces
     // an earlier declaration of the same type in the same library.
-    void AddType(const AString& typeName, const AString& unitName, int unit,
+    void AddType(const AString& typeName, const AString& unitName, Units::FullUnitType unit,
                  const AString& libraryName = AString());
     // Adds the standard types that have no declaration for every library.
     void AddStandardTypes();
@@ -45,7 +46,7 @@ private:
         AString mLibrary;
         AString mType;
         AString mUnitName;
-        int mUnit;
+        Units::FullUnitType mUnit;
     };
     const DeclaredType* Find(const AString& typeName, const AString& libraryName) const;
 

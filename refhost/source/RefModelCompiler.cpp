@@ -10,24 +10,24 @@ struct StandardType
 {
     const wchar_t* type;
     const wchar_t* unitName;
-    int unit;
+    Units::FullUnitType unit;
 };
 
 // The physical types of the standard natures; the codes are the framework's unit types.
 constexpr StandardType kStandardTypes[] = {
-    {L"voltage", L"V", 68},
-    {L"current", L"A", 666},
-    {L"displacement", L"m", 37},
-    {L"velocity", L"m/s", 138},
-    {L"force", L"N", 200},
-    {L"angle", L"rad", 52},
-    {L"angular_velocity", L"rad/s", 148},
-    {L"torque", L"N*m", 216},
-    {L"pressure", L"Pa", 192},
-    {L"volumetric_flow", L"m^3/s", 520},
-    {L"temperature", L"K", 79},
-    {L"luminous_intensity", L"cd", 448},
-    {L"magnetomotive_force", L"At", 816},
+    {L"voltage", L"V", Units::kVolt},
+    {L"current", L"A", Units::kAmpere},
+    {L"displacement", L"m", Units::kMetre},
+    {L"velocity", L"m/s", Units::kMetrePerSecond},
+    {L"force", L"N", Units::kNewton},
+    {L"angle", L"rad", Units::kRadian},
+    {L"angular_velocity", L"rad/s", Units::kRadianPerSecond},
+    {L"torque", L"N*m", Units::kNewtonMetre},
+    {L"pressure", L"Pa", Units::kPascal},
+    {L"volumetric_flow", L"m^3/s", Units::kCubicMetrePerSecond},
+    {L"temperature", L"K", Units::kKelvin},
+    {L"luminous_intensity", L"cd", Units::kCandela},
+    {L"magnetomotive_force", L"At", Units::kAmpereTurn},
 };
 
 // "0" and an empty text ask for any library.
@@ -49,7 +49,8 @@ void* RefModelCompiler::QueryInterface(int id)
 
 bool RefModelCompiler::GetUnitOfType(const IComponent* /*component*/, const AString& libraryName,
                                      const AString& typeName, const AString& baseTypeName,
-                                     const AString& physicalTypeName, AString& unitName, int& unit)
+                                     const AString& physicalTypeName, AString& unitName,
+                                     Units::FullUnitType& unit)
 {
     for (const AString* name : {&physicalTypeName, &typeName, &baseTypeName})
     {
@@ -67,8 +68,8 @@ bool RefModelCompiler::GetUnitOfType(const IComponent* /*component*/, const AStr
     return false;
 }
 
-void RefModelCompiler::AddType(const AString& typeName, const AString& unitName, int unit,
-                               const AString& libraryName)
+void RefModelCompiler::AddType(const AString& typeName, const AString& unitName,
+                               Units::FullUnitType unit, const AString& libraryName)
 {
     for (DeclaredType& declared : mTypes)
     {

@@ -6,11 +6,20 @@ using refhost::RefModelCompiler;
 
 namespace
 {
+// A unit code outside the framework's named ones, as a host may declare.
+Units::FullUnitType Unit(int code)
+{
+    return static_cast<Units::FullUnitType>(code);
+}
+} // namespace
+
+namespace
+{
 struct Answer
 {
     bool found;
     AString unitName;
-    int unit;
+    Units::FullUnitType unit;
 };
 
 // Asks the way the data-type code does: no component, library "0", the type name twice and
@@ -18,7 +27,7 @@ struct Answer
 Answer Ask(IModelCompiler& compiler, const wchar_t* type, const wchar_t* physical = L"",
            const wchar_t* library = L"0", const wchar_t* baseType = nullptr)
 {
-    Answer answer{false, AString(L"untouched"), 90};
+    Answer answer{false, AString(L"untouched"), Units::kNoUnit};
     answer.found = compiler.GetUnitOfType(nullptr, AString(library), AString(type),
                                           AString(baseType != nullptr ? baseType : type),
                                           AString(physical), answer.unitName, answer.unit);
@@ -97,8 +106,8 @@ TEST(RefModelCompiler, ConsultsPhysicalThenDeclaredThenBaseType)
 TEST(RefModelCompiler, LibraryDeclarationsNarrowTheSearch)
 {
     RefModelCompiler compiler;
-    compiler.AddType(AString(L"voltage"), AString(L"kV"), 1068, AString(L"POWER"));
-    compiler.AddType(AString(L"flux"), AString(L"Wb"), 500, AString(L"MAG"));
+    compiler.AddType(AString(L"voltage"), AString(L"kV"), Unit(1068), AString(L"POWER"));
+    compiler.AddType(AString(L"flux"), AString(L"Wb"), Unit(500), AString(L"MAG"));
     struct Case
     {
         const char* name;
@@ -129,7 +138,7 @@ TEST(RefModelCompiler, RedeclaringReplacesAndStandardTypesAreNotDuplicated)
 {
     RefModelCompiler compiler;
     const std::size_t standard = compiler.GetTypeCount();
-    compiler.AddType(AString(L"VOLTAGE"), AString(L"mV"), 1, AString());
+    compiler.AddType(AString(L"VOLTAGE"), AString(L"mV"), Unit(1), AString());
     EXPECT_EQ(compiler.GetTypeCount(), standard);
     EXPECT_EQ(Ask(compiler, L"voltage").unitName, L"mV");
 
@@ -141,7 +150,7 @@ TEST(RefModelCompiler, RedeclaringReplacesAndStandardTypesAreNotDuplicated)
     EXPECT_EQ(compiler.GetTypeCount(), 0u);
     EXPECT_FALSE(Ask(compiler, L"voltage").found);
     // A declaration in one library does not stand in for the general one.
-    compiler.AddType(AString(L"current"), AString(L"mA"), 2, AString(L"LIB"));
+    compiler.AddType(AString(L"current"), AString(L"mA"), Unit(2), AString(L"LIB"));
     compiler.AddStandardTypes();
     EXPECT_EQ(compiler.GetTypeCount(), standard + 1);
     EXPECT_EQ(Ask(compiler, L"current").unit, 666);
