@@ -5,24 +5,7 @@
 
 #include "AString.h"
 
-// The terminal domains live with the other shared codes; until they are part of the build the
-// same values are declared here.
-#if __has_include("MerrowEnums.h")
 #include "MerrowEnums.h"
-#else
-namespace merrowenum
-{
-// What a terminal connects to: a conservative (physical) node, or a signal, quantity or
-// generic value.
-enum TerminalDomain : int
-{
-    kConservative = 0,
-    kSignal = 1,
-    kQuantity = 2,
-    kGeneric = 3
-};
-} // namespace merrowenum
-#endif
 
 #include <cstdint>
 

@@ -19,10 +19,12 @@
 #include "AString.h"
 #include "Block.h"
 #include "IComponent.h"
+#include "ModelConflict.h"
 #include "QuillonExport.h"
 #include "RefPinOption.h"
 #include "Terminal.h"
 #include "TerminalAttributes.h"
+#include "TerminalData.h"
 #include "TerminalInfo.h"
 
 #include <cstddef>
@@ -144,6 +146,34 @@ public:
     // false with `failOnUnnamed`.
     bool MatchSignalPins(const std::vector<AString>& pinNames, const AString& gate,
                          bool failOnUnnamed) const;
+
+    // Compares the terminals with the leaves of the model's terminals (their data types
+    // expanded under their names), appending to `conflicts`: "Number of terminals is not the
+    // same" when the counts differ, and "Component terminal <pin>(<index>) has different
+    // nature" (with the pin's name) for each terminal whose nature is not the type code of the
+    // leaf at its index. `stopAtFirst` stops at the first conflict. True when one was found.
+    bool MatchModelTerminalAttributes(const std::vector<merrowstruct::TerminalData>& modelTerminals,
+                                      std::vector<merrowstruct::ModelConflict>& conflicts,
+                                      bool stopAtFirst) const;
+    // Before a model update: removes every conservative terminal, and every other terminal whose
+    // schematic pin name names an entry of `data` again (PortNameCompare); what stays are the
+    // terminals of other domains that the new model does not name. `data` is not changed.
+    void DeleteConservativePins(std::vector<merrowstruct::TerminalData>& data);
+    // Adds a terminal for every leaf of the model terminals `data` whose name is no schematic
+    // pin name in use yet (gate "A"; layout pin name the same unless that is in use; a leaf type
+    // below 0 gives a conservative terminal of that nature, any other a signal terminal with the
+    // type code as its nature). Each gets the leaf's name as terminal name, or, when that is
+    // taken, "<name>_<k>" with the smallest k from 0 on that is free. The new terminals draw
+    // their equivalence numbers as usual. `added`, when given, receives their pin names.
+    void AddTerminals(IComponent* comp, const std::vector<merrowstruct::TerminalData>& data,
+                      std::vector<AString>* added = nullptr);
+    // Brings the list in line with a new model: DeleteConservativePins, AddTerminals, then the
+    // terminals of the model's leaves in the model's order, each with its leaf's type as nature
+    // (conservative below 0, otherwise kept or made a signal), followed by the other terminals
+    // in their order. Afterwards MatchModelTerminalAttributes finds no conflict unless
+    // terminals the model does not name remain.
+    void AdjustTerminals(IComponent* comp, std::vector<merrowstruct::TerminalData>& data,
+                         std::vector<AString>* added = nullptr);
 
     // Adds a conservative terminal per port, the name as both pin names, gate "A"; `added`
     // receives the names. A port that is not conservative raises "0" and is skipped.

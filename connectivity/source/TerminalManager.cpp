@@ -10,6 +10,7 @@
 #include "PinNameIndex.h"
 #include "PinNameSet.h"
 #include "Profiler.h"
+#include "QLNParvaneUtils.h"
 #include "TerminalIndex.h"
 
 #include <algorithm>
@@ -472,6 +473,185 @@ bool TerminalManager::MatchSignalPins(const std::vector<AString>& pinNames, cons
         ++named;
     }
     return named == pinNames.size();
+}
+
+namespace
+{
+// The leaves of the model terminals, in order.
+std::vector<merrowstruct::DataTypeLeaf>
+ModelLeaves(const std::vector<merrowstruct::TerminalData>& modelTerminals)
+{
+    std::vector<merrowstruct::DataTypeLeaf> leaves;
+    for (const merrowstruct::TerminalData& terminal : modelTerminals)
+    {
+        parvaneutils::GetDataTypeInfoLeafNames(terminal.mDataTypeInfo, terminal.mName, leaves);
+    }
+    return leaves;
+}
+
+merrowstruct::ModelConflict TerminalConflict(AString text, AString name)
+{
+    merrowstruct::ModelConflict conflict;
+    conflict.mText = std::move(text);
+    conflict.mSeverity = merrowstruct::ModelConflict::kError;
+    conflict.mComponentType = merrowstruct::ModelConflict::kTerminalType;
+    conflict.mModelType = merrowstruct::ModelConflict::kTerminalType;
+    conflict.mName = std::move(name);
+    return conflict;
+}
+} // namespace
+
+bool TerminalManager::MatchModelTerminalAttributes(
+    const std::vector<merrowstruct::TerminalData>& modelTerminals,
+    std::vector<merrowstruct::ModelConflict>& conflicts, bool stopAtFirst) const
+{
+    const std::vector<merrowstruct::DataTypeLeaf> leaves = ModelLeaves(modelTerminals);
+    const std::size_t before = conflicts.size();
+    if (leaves.size() != mTerminals.size())
+    {
+        conflicts.push_back(TerminalConflict(AString(L"Number of terminals is not the same"), {}));
+        if (stopAtFirst)
+        {
+            return true;
+        }
+    }
+    for (std::size_t i = 0; i < mTerminals.size(); ++i)
+    {
+        const Terminal* term = mTerminals[i];
+        if (term == nullptr || i >= leaves.size() ||
+            term->GetTerminalAttrs().mNature == leaves[i].second.mType)
+        {
+            continue;
+        }
+        conflicts.push_back(
+            TerminalConflict(AString::Formatted(L"Component terminal %s(%d) has different nature",
+                                                term->GetPinName(), static_cast<int>(i)),
+                             term->GetPinName()));
+        if (stopAtFirst)
+        {
+            break;
+        }
+    }
+    return conflicts.size() > before;
+}
+
+void TerminalManager::DeleteConservativePins(std::vector<merrowstruct::TerminalData>& data)
+{
+    PinNameIndex named;
+    named.Clear();
+    named.Reserve(data.size());
+    for (std::size_t i = 0; i < data.size(); ++i)
+    {
+        named.Add(data[i].mName, static_cast<int>(i));
+    }
+    std::vector<Terminal*> kept;
+    for (Terminal* term : mTerminals)
+    {
+        if (term->GetTerminalAttrs().mDomain == merrowenum::kConservative ||
+            named.Contains(term->GetSchPinName()))
+        {
+            Discard(term);
+        }
+        else
+        {
+            kept.push_back(term);
+        }
+    }
+    mTerminals.swap(kept);
+    Changed();
+}
+
+void TerminalManager::AddTerminals(IComponent* comp,
+                                   const std::vector<merrowstruct::TerminalData>& data,
+                                   std::vector<AString>* added)
+{
+    if (!PLINTH_ASSERT(comp))
+    {
+        return;
+    }
+    PinNameSet used;
+    for (const Terminal* term : mTerminals)
+    {
+        used.Insert(term->GetTerminalName());
+    }
+    for (const auto& [name, type] : ModelLeaves(data))
+    {
+        if (name.empty() || mSchPinNames->Contains(name))
+        {
+            continue;
+        }
+        AString terminalName = name;
+        for (int k = 0; used.Contains(terminalName); ++k)
+        {
+            terminalName.Format(L"%s_%d", name, k);
+        }
+        TerminalAttributes attrs;
+        attrs.mNature = type.mType;
+        if (type.mType >= 0)
+        {
+            attrs.mDomain = merrowenum::kSignal;
+        }
+        auto* term = new Terminal(comp, name, mLayPinNames->Contains(name) ? AString() : name,
+                                  AString(L"A"));
+        term->SetTerminalAttrs(attrs);
+        term->SetTerminalName(terminalName);
+        if (AddTerminal(comp, term) != IComponent::kTerminalAdded)
+        {
+            delete term;
+            continue;
+        }
+        used.Insert(terminalName);
+        if (added != nullptr)
+        {
+            added->push_back(name);
+        }
+    }
+}
+
+void TerminalManager::AdjustTerminals(IComponent* comp,
+                                      std::vector<merrowstruct::TerminalData>& data,
+                                      std::vector<AString>* added)
+{
+    DeleteConservativePins(data);
+    AddTerminals(comp, data, added);
+    // The model's terminals first, in the model's order and with its types, then the others.
+    const std::vector<merrowstruct::DataTypeLeaf> leaves = ModelLeaves(data);
+    const TerminalIndex& index = Index();
+    std::vector<bool> placed(mTerminals.size(), false);
+    std::vector<Terminal*> ordered;
+    ordered.reserve(mTerminals.size());
+    for (const auto& [name, type] : leaves)
+    {
+        const int position = index.SchPinNames().FindFirst(
+            name, [&placed](int p) { return !placed[static_cast<std::size_t>(p)]; });
+        if (position < 0)
+        {
+            continue;
+        }
+        placed[static_cast<std::size_t>(position)] = true;
+        Terminal* term = mTerminals[static_cast<std::size_t>(position)];
+        TerminalAttributes attrs = term->GetTerminalAttrs();
+        attrs.mNature = type.mType;
+        if (type.mType < 0)
+        {
+            attrs.mDomain = merrowenum::kConservative;
+        }
+        else if (attrs.mDomain == merrowenum::kConservative)
+        {
+            attrs.mDomain = merrowenum::kSignal;
+        }
+        term->SetTerminalAttrs(attrs);
+        ordered.push_back(term);
+    }
+    for (std::size_t i = 0; i < mTerminals.size(); ++i)
+    {
+        if (!placed[i])
+        {
+            ordered.push_back(mTerminals[i]);
+        }
+    }
+    mTerminals.swap(ordered);
+    Changed();
 }
 
 void TerminalManager::SetPortsAndDirections(

@@ -676,3 +676,173 @@ TEST_F(TerminalManagerTest, PinNameListsAndAttributes)
     mTerms.clear();
     EXPECT_FALSE(mTerms.GetTerminalAttributes(attrs, AString(L"B"), AString(L"A")));
 }
+
+namespace
+{
+merrowstruct::DataTypeInfo Type(int code, const wchar_t* name = L"")
+{
+    merrowstruct::DataTypeInfo type;
+    type.mName = name;
+    type.mType = code;
+    return type;
+}
+
+merrowstruct::TerminalData Model(const wchar_t* name, const merrowstruct::DataTypeInfo& type)
+{
+    return {AString(name), type};
+}
+
+// A record of a real "a" and an integer "b".
+merrowstruct::DataTypeInfo Record()
+{
+    merrowstruct::DataTypeInfo record = Type(merrowenum::kRecordType);
+    record.mSubElements = {Type(merrowenum::kREALType, L"a"), Type(merrowenum::kINTEGERType, L"b")};
+    return record;
+}
+
+std::vector<std::string> Texts(const std::vector<merrowstruct::ModelConflict>& conflicts)
+{
+    std::vector<std::string> texts;
+    for (const merrowstruct::ModelConflict& conflict : conflicts)
+    {
+        texts.push_back(conflict.mText.ToUTF8() + "|" + conflict.mName.ToUTF8());
+    }
+    return texts;
+}
+} // namespace
+
+TEST_F(TerminalManagerTest, MatchingModelTerminals)
+{
+    Add(L"p", L"1");
+    Add(L"n", L"2");
+    TerminalAttributes thermal;
+    thermal.mNature = -9;
+    mTerms.AddTerminal(mComp, AString(L"t"), AString(L"3"), AString(L"A"), false, thermal, nullptr);
+    struct Case
+    {
+        const char* what;
+        std::vector<merrowstruct::TerminalData> model;
+        bool stopAtFirst;
+        std::vector<std::string> conflicts;
+    };
+    const Case cases[] = {
+        {"same natures",
+         {Model(L"p", Type(-1)), Model(L"n", Type(-1)), Model(L"t", Type(-9))},
+         false,
+         {}},
+        {"one nature differs",
+         {Model(L"p", Type(-1)), Model(L"n", Type(-2)), Model(L"t", Type(-9))},
+         false,
+         {"Component terminal n(1) has different nature|n"}},
+        {"fewer leaves",
+         {Model(L"p", Type(-2)), Model(L"n", Type(-1))},
+         false,
+         {"Number of terminals is not the same|",
+          "Component terminal p(0) has different nature|p"}},
+        {"stop at the count",
+         {Model(L"p", Type(-2))},
+         true,
+         {"Number of terminals is not the same|"}},
+        {"stop at the first nature",
+         {Model(L"p", Type(-2)), Model(L"n", Type(-2)), Model(L"t", Type(-2))},
+         true,
+         {"Component terminal p(0) has different nature|p"}},
+        {"a record gives its leaves",
+         {Model(L"p", Type(-1)), Model(L"q", Record())},
+         false,
+         {"Component terminal n(1) has different nature|n",
+          "Component terminal t(2) has different nature|t"}},
+    };
+    for (const Case& c : cases)
+    {
+        SCOPED_TRACE(c.what);
+        std::vector<merrowstruct::ModelConflict> conflicts(1); // appended to
+        EXPECT_EQ(mTerms.MatchModelTerminalAttributes(c.model, conflicts, c.stopAtFirst),
+                  !c.conflicts.empty());
+        conflicts.erase(conflicts.begin());
+        EXPECT_EQ(Texts(conflicts), c.conflicts);
+        for (const merrowstruct::ModelConflict& conflict : conflicts)
+        {
+            EXPECT_EQ(conflict.mSeverity, 1);
+            EXPECT_EQ(conflict.mComponentType, 39499);
+            EXPECT_EQ(conflict.mModelType, 39499);
+        }
+    }
+}
+
+TEST_F(TerminalManagerTest, DeletingConservativePinsKeepsUnnamedSignalTerminals)
+{
+    Add(L"P", L"1");
+    TerminalAttributes signal;
+    signal.mDomain = merrowenum::kSignal;
+    for (const wchar_t* name : {L"S1", L"S2", L"d[0:1]", L"Q"})
+    {
+        mTerms.AddTerminal(mComp, new Terminal(mComp, AString(name), AString(name), AString(L"A")));
+        mTerms.GetTerminal(mTerms.GetTerminalCount() - 1)->SetTerminalAttrs(signal);
+    }
+    std::vector<merrowstruct::TerminalData> data = {
+        Model(L"s1", Type(0)), Model(L"D<0>,d<1>", Type(0)), Model(L"P", Type(-1))};
+    const std::vector<merrowstruct::TerminalData> before = data;
+    mTerms.DeleteConservativePins(data);
+    EXPECT_EQ(SchNames(), N({L"S2", L"Q"}));
+    EXPECT_EQ(data, before);
+    EXPECT_FALSE(mTerms.IsSchPinNameInUse(AString(L"P")));
+    EXPECT_FALSE(mTerms.IsLayPinNameInUse(AString(L"S1")));
+    EXPECT_TRUE(mTerms.NameSetsHold());
+    EXPECT_EQ(mTerms.GetTerminalFromSchPinName(AString(L"q"), AString(L"A")),
+              mTerms.GetTerminal(1));
+}
+
+TEST_F(TerminalManagerTest, AddingModelTerminalsNamesThemUniquely)
+{
+    Add(L"A", L"in");
+    mTerms.SetTerminalNames(N({L"in"}));
+    Add(L"B");
+    mTerms.GetTerminal(1)->SetTerminalName(AString(L"IN_0"));
+    std::vector<AString> added;
+    mTerms.AddTerminals(
+        mComp, {Model(L"in", Type(-1)), Model(L"q", Record()), Model(L"a", Type(-9))}, &added);
+    EXPECT_EQ(added, N({L"in", L"q.a", L"q.b"})) << "\"a\" is a pin already";
+    EXPECT_EQ(SchNames(), N({L"A", L"B", L"in", L"q.a", L"q.b"}));
+    EXPECT_EQ(LayNames(), N({L"in", L"", L"", L"q.a", L"q.b"})) << "layout name \"in\" is taken";
+    Names terminalNames;
+    EXPECT_TRUE(mTerms.GetTerminalNames(terminalNames));
+    EXPECT_EQ(terminalNames, N({L"in", L"IN_0", L"in_1", L"q.a", L"q.b"}));
+    const TerminalAttributes in = mTerms.GetTerminal(2)->GetTerminalAttrs();
+    EXPECT_EQ(in.mDomain, merrowenum::kConservative);
+    EXPECT_EQ(in.mNature, -1);
+    const TerminalAttributes b = mTerms.GetTerminal(4)->GetTerminalAttrs();
+    EXPECT_EQ(b.mDomain, merrowenum::kSignal);
+    EXPECT_EQ(b.mNature, merrowenum::kINTEGERType);
+    EXPECT_TRUE(mTerms.NameSetsHold());
+    std::set<int> numbers;
+    for (const int number : EquivNumbers())
+    {
+        numbers.insert(number);
+    }
+    EXPECT_EQ(numbers.size(), 5u) << "equivalence numbers stay distinct";
+
+    // Adjusting to a new model: conservative pins go, the model's pins come.
+    std::vector<merrowstruct::TerminalData> model = {Model(L"x", Type(-1)), Model(L"q", Record())};
+    added.clear();
+    mTerms.AdjustTerminals(mComp, model, &added);
+    EXPECT_EQ(SchNames(), N({L"x", L"q.a", L"q.b"})) << "in the model's order";
+    EXPECT_EQ(added, N({L"x"})) << "the signal terminals of the record stay";
+    std::vector<merrowstruct::ModelConflict> conflicts;
+    EXPECT_FALSE(mTerms.MatchModelTerminalAttributes(model, conflicts, false));
+
+    // A signal terminal that the model does not name stays, behind the model's; one whose type
+    // changed takes the new one.
+    mTerms.AddTerminal(mComp, new Terminal(mComp, AString(L"extra"), AString(), AString(L"A")));
+    TerminalAttributes signal;
+    signal.mDomain = merrowenum::kSignal;
+    mTerms.GetTerminal(3)->SetTerminalAttrs(signal);
+    model[1].mDataTypeInfo.mSubElements[1].mType = merrowenum::kREALType;
+    mTerms.AdjustTerminals(mComp, model, nullptr);
+    EXPECT_EQ(SchNames(), N({L"x", L"q.a", L"q.b", L"extra"}));
+    EXPECT_EQ(mTerms.GetTerminal(2)->GetTerminalAttrs().mNature, merrowenum::kREALType);
+    conflicts.clear();
+    EXPECT_TRUE(mTerms.MatchModelTerminalAttributes(model, conflicts, false));
+    EXPECT_EQ(Texts(conflicts), std::vector<std::string>{"Number of terminals is not the same|"});
+    EXPECT_TRUE(mTerms.NameSetsHold());
+}
