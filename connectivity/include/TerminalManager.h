@@ -135,8 +135,11 @@ public:
     // Appends every terminal's name; when all are empty, empties `names` and returns false.
     bool GetTerminalNames(std::vector<AString>& names) const;
 
-    // The attributes of the terminal of that schematic pin name and gate, copied into `attrs`;
-    // false when there is none (or no terminal at all).
+    // The attributes of the terminal of that schematic pin name and gate, copied into `attrs`.
+    // Without such a terminal, those of the component's property of that name when it carries
+    // property attributes: its domain, its type for terminal attributes as nature, its
+    // direction and its text as description. False when there is neither, or no terminal at all
+    // (the component is the first terminal's parent, raising "comp" when there is none).
     bool GetTerminalAttributes(TerminalAttributes& attrs, const AString& pinName,
                                const AString& gate) const;
 

@@ -5,11 +5,15 @@
 #include "ICircuitMgr.h"
 #include "IComponentOwner.h"
 #include "IDefinitionMgr.h"
+#include "IPropServer.h"
 #include "Message.h"
 #include "MessageManager.h"
 #include "PinNameIndex.h"
 #include "PinNameSet.h"
 #include "Profiler.h"
+#include "PropAttributes.h"
+#include "PropList.h"
+#include "Property.h"
 #include "QLNParvaneUtils.h"
 #include "TerminalIndex.h"
 
@@ -437,7 +441,20 @@ bool TerminalManager::GetTerminalAttributes(TerminalAttributes& attrs, const ASt
         attrs = term->GetTerminalAttrs();
         return true;
     }
-    return false;
+    // No such terminal: the component's property of that name, when it has pin attributes.
+    const auto* server = dynamic_cast<const IPropServer*>(comp);
+    const PropList* props = server != nullptr ? server->GetServedPropList(0) : nullptr;
+    const Property* prop = props != nullptr ? props->FindProp(pinName) : nullptr;
+    const auto* propAttrs = dynamic_cast<const PropAttributes*>(prop);
+    if (propAttrs == nullptr)
+    {
+        return false;
+    }
+    attrs.mDomain = propAttrs->GetDomain();
+    attrs.mNature = propAttrs->GetTypeForTermAttrs();
+    attrs.mDirection = propAttrs->GetDirection();
+    attrs.mDescription = propAttrs->GetTextFromScriptArgInfo();
+    return true;
 }
 
 bool TerminalManager::MatchSignalPins(const std::vector<AString>& pinNames, const AString& gate,

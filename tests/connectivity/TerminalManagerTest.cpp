@@ -5,10 +5,13 @@
 #include "BlockWriter.h"
 #include "BusNameParsing.h"
 #include "MessageManager.h"
+#include "PropAttributes.h"
+#include "PropList.h"
 #include "RefApplication.h"
 #include "RefComponent.h"
 #include "RefManagers.h"
 #include "RefProject.h"
+#include "TextProp.h"
 
 #include <gtest/gtest.h>
 
@@ -845,4 +848,61 @@ TEST_F(TerminalManagerTest, AddingModelTerminalsNamesThemUniquely)
     EXPECT_TRUE(mTerms.MatchModelTerminalAttributes(model, conflicts, false));
     EXPECT_EQ(Texts(conflicts), std::vector<std::string>{"Number of terminals is not the same|"});
     EXPECT_TRUE(mTerms.NameSetsHold());
+}
+
+namespace
+{
+// A property with pin attributes, as the circuit property classes have them.
+class PinProp final : public TextProp, public PropAttributes
+{
+public:
+    PinProp(const wchar_t* name, merrowenum::TerminalDomain domain, const wchar_t* text)
+        : TextProp(AString(name), AString(), {}), mDomain(domain)
+    {
+        SetTextFromScriptArgInfo(AString(text));
+    }
+    merrowenum::TerminalDomain GetDomain() const override { return mDomain; }
+    Units::UnitType GetUnitType() const override { return Units::UnitType{}; }
+    bool SetType(int type) override
+    {
+        merrowstruct::DataTypeInfo dti = GetDataTypeInfo();
+        dti.mType = type;
+        SetDataTypeInfo(dti);
+        return true;
+    }
+    Property* CloneProp() const override { return new PinProp(*this); }
+
+private:
+    merrowenum::TerminalDomain mDomain;
+};
+} // namespace
+
+TEST_F(TerminalManagerTest, AttributesOfAPinWithoutTerminalComeFromItsProperty)
+{
+    auto* clock = new PinProp(L"CLK", merrowenum::kSignal, L"clock input");
+    clock->Initialize(merrowenum::kBITType, merrowenum::kDirectionIn);
+    mComp->GetPropList()->AddProp(clock);
+    mComp->GetPropList()->AddProp(new TextProp(AString(L"Label"), AString(L"U1"), {}));
+    Add(L"IN");
+
+    TerminalAttributes attrs;
+    ASSERT_TRUE(mTerms.GetTerminalAttributes(attrs, AString(L"clk"), AString(L"A")));
+    const TerminalAttributes expected{merrowenum::kSignal, merrowenum::kBITType,
+                                      merrowenum::kDirectionIn, AString(L"clock input")};
+    EXPECT_EQ(attrs, expected);
+    attrs = TerminalAttributes();
+    attrs.mDescription = L"untouched";
+    EXPECT_FALSE(mTerms.GetTerminalAttributes(attrs, AString(L"Label"), AString(L"A")))
+        << "a property without pin attributes";
+    EXPECT_FALSE(mTerms.GetTerminalAttributes(attrs, AString(L"none"), AString(L"A")));
+    EXPECT_EQ(attrs.mDescription, L"untouched");
+
+    // A terminal of that name comes first.
+    mTerms.AddTerminal(mComp, AString(L"CLK"), AString(), AString(L"A"), false,
+                       TerminalAttributes(), nullptr);
+    ASSERT_TRUE(mTerms.GetTerminalAttributes(attrs, AString(L"CLK"), AString(L"A")));
+    EXPECT_EQ(attrs, TerminalAttributes());
+    // Without terminals nothing is looked up.
+    mTerms.clear();
+    EXPECT_FALSE(mTerms.GetTerminalAttributes(attrs, AString(L"CLK"), AString(L"A")));
 }
