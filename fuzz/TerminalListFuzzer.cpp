@@ -132,5 +132,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     terms.SetTerminalData(info);
     CheckSets(terms, "SetTerminalData");
     CheckRoundTrip(terms, comp);
+
+    // A model whose terminals are the list's own pins with their natures as types.
+    std::vector<merrowstruct::TerminalData> model;
+    for (std::size_t i = 0; i < terms.GetTerminalCount(); ++i)
+    {
+        const Terminal& term = *terms.GetTerminal(i);
+        merrowstruct::TerminalData port;
+        port.mName = term.GetSchPinName();
+        port.mDataTypeInfo.mType = term.GetTerminalAttrs().mNature;
+        model.push_back(std::move(port));
+    }
+    std::vector<merrowstruct::ModelConflict> conflicts;
+    Check(!terms.MatchModelTerminalAttributes(model, conflicts, false) || !conflicts.empty(),
+          "a conflict was found but none recorded");
+    terms.AdjustTerminals(&comp, model, nullptr);
+    CheckSets(terms, "AdjustTerminals");
+    CheckRoundTrip(terms, comp);
     return 0;
 }
