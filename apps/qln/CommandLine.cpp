@@ -2,6 +2,7 @@
 
 #include "BatchCommands.h"
 #include "BlockCommands.h"
+#include "ComponentCommands.h"
 #include "DataTypeCommands.h"
 #include "NetCommands.h"
 #include "PathCommands.h"
@@ -113,6 +114,7 @@ void AddFamilies(CLI::App& app, CommandContext& context)
     AddValueCommands(app, context);
     AddPathCommands(app, context);
     AddBlockCommands(app, context);
+    AddComponentCommands(app, context);
     AddDataTypeCommands(app, context);
     AddBatchCommands(app, context);
 }

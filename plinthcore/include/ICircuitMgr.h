@@ -3,6 +3,7 @@
 #pragma once
 
 #include "IInterfaceQueriable.h"
+#include "MessageManager.h"
 
 class ICircuitDefinitionMgr;
 class IDesignMgr;
@@ -19,4 +20,11 @@ public:
     virtual ICircuitDefinitionMgr* GetCircuitDefinitionMgr() const = 0;
     // The nature manager of the project's designs; null when the host has none.
     virtual INatureMgr* GetNatureMgr() const = 0;
+    // Posts a user-facing message about the project's circuit data (a reader that met an item of
+    // the wrong kind, ...). By default it goes to the framework's message manager. False only
+    // when it could not be stored.
+    virtual bool PostUserMessage(const Message& message) const
+    {
+        return GetGlobalIMessageManager()->Post(message);
+    }
 };

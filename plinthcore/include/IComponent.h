@@ -17,6 +17,15 @@ class PLINTH_API IComponent : public virtual IInterfaceQueriable
 public:
     static constexpr int kInterfaceId = kIComponentId;
 
+    // Result of adding a terminal to a component's terminal list.
+    enum AddTerminalReturn : int
+    {
+        kSymbolPinNameTaken = 0,    // the schematic pin name is a terminal of the component already
+        kFootprintPinNameTaken = 1, // the layout (footprint) pin name is one already
+        kTerminalNotAdded = 2,      // nothing was added: no component or no terminal given
+        kTerminalAdded = 3          // done
+    };
+
     // The definition's name.
     virtual AString GetName() const = 0;
     // The design the definition lives in; null when it has none.

@@ -16,6 +16,7 @@
 #include "IPropClientFactory.h"
 #include "RefHostExport.h"
 
+#include <cstddef>
 #include <map>
 #include <memory>
 
@@ -77,12 +78,18 @@ public:
     RefDesignMgr& GetRefDesignMgr() const { return mDesignMgr; }
     RefDefCreationMgr& GetRefDefCreationMgr() const { return *mCreationMgr; }
     RefCircuitLibraryMgr& GetRefCircuitLibraryMgr() const { return *mLibraryMgr; }
+    // Whether GetCircuitMgr answers the project's circuit manager (true by default), as for a
+    // definition manager whose circuit side has lost its manager. The design manager's query
+    // is not affected.
+    void SetCircuitMgrLinked(bool linked) { mCircuitMgrLinked = linked; }
+    bool IsCircuitMgrLinked() const { return mCircuitMgrLinked; }
 
 private:
     friend class RefDesignMgr;
     explicit RefDefinitionMgr(RefDesignMgr& designMgr);
 
     RefDesignMgr& mDesignMgr;
+    bool mCircuitMgrLinked = true;
     std::unique_ptr<RefDefCreationMgr> mCreationMgr;
     std::unique_ptr<RefCircuitLibraryMgr> mLibraryMgr;
 };
@@ -96,14 +103,21 @@ public:
     ICircuitDefinitionMgr* GetCircuitDefinitionMgr() const override;
     // The project's nature manager while the design manager offers it, else null.
     INatureMgr* GetNatureMgr() const override;
+    // Posts to the framework's message manager and counts the message.
+    bool PostUserMessage(const Message& message) const override;
+
     // The design manager's button client of that number, or null.
     IButtonPropClient* GetButtonPropClient(int clientID) const override;
+
+    // The number of messages posted through this circuit manager.
+    std::size_t GetPostedMessageCount() const { return mPostedMessageCount; }
 
 private:
     friend class RefDesignMgr;
     explicit RefCircuitMgr(RefDesignMgr& designMgr) : mDesignMgr(designMgr) {}
 
     RefDesignMgr& mDesignMgr;
+    mutable std::size_t mPostedMessageCount = 0;
 };
 
 class REFHOST_API RefDesignMgr final : public IDesignMgr

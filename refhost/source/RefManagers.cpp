@@ -78,7 +78,7 @@ IDefCreationMgr* RefDefinitionMgr::GetDefCreationMgr() const
 
 ICircuitMgr* RefDefinitionMgr::GetCircuitMgr() const
 {
-    return &mDesignMgr.GetRefCircuitMgr();
+    return mCircuitMgrLinked ? &mDesignMgr.GetRefCircuitMgr() : nullptr;
 }
 
 IDefinitionMgr* RefDefinitionMgr::GetDefinitionMgr() const
@@ -126,6 +126,12 @@ ICircuitDefinitionMgr* RefCircuitMgr::GetCircuitDefinitionMgr() const
 INatureMgr* RefCircuitMgr::GetNatureMgr() const
 {
     return mDesignMgr.IsNatureMgrAvailable() ? &mDesignMgr.GetRefNatureMgr() : nullptr;
+}
+
+bool RefCircuitMgr::PostUserMessage(const Message& message) const
+{
+    ++mPostedMessageCount;
+    return ICircuitMgr::PostUserMessage(message);
 }
 
 // RefDesignMgr --------------------------------------------------------------------------------
