@@ -120,6 +120,18 @@ void AddAssertions(CommandResult& result, const AssertCapture& capture)
     result.Data()["assertions"] = std::move(texts);
 }
 
+// The assertion texts raised since entry `before` of the capture, each also added to `line`.
+Json AssertionsSince(const AssertCapture& capture, std::size_t before, std::string& line)
+{
+    Json texts = Json::array();
+    for (std::size_t i = before; i < capture.Count(); ++i)
+    {
+        texts.push_back(capture.Entries()[i].text);
+        line += "; assertion: " + capture.Entries()[i].text;
+    }
+    return texts;
+}
+
 void RunLeaves(const DataTypeOptions& options, CommandContext& context)
 {
     io::CBlock_func root = ReadFile(options.file);
@@ -185,13 +197,7 @@ void RunCheckValue(const DataTypeOptions& options, CommandContext& context)
         Json item = {{"text", Utf8(text)}, {"valid", valid}, {"normalized", Utf8(normalized)}};
         std::string line =
             Quoted(Utf8(text)) + ": " + (valid ? "valid " : "not valid ") + Utf8(normalized);
-        Json texts = Json::array();
-        for (std::size_t i = before; i < capture.Count(); ++i)
-        {
-            texts.push_back(capture.Entries()[i].text);
-            line += "; assertion: " + capture.Entries()[i].text;
-        }
-        item["assertions"] = std::move(texts);
+        item["assertions"] = AssertionsSince(capture, before, line);
         result.AddLine(line);
         items.push_back(std::move(item));
     }
@@ -279,13 +285,7 @@ void RunOutput(const DataTypeOptions& options, CommandContext& context)
         {
             line += "not resolved";
         }
-        Json texts = Json::array();
-        for (std::size_t i = before; i < capture.Count(); ++i)
-        {
-            texts.push_back(capture.Entries()[i].text);
-            line += "; assertion: " + capture.Entries()[i].text;
-        }
-        item["assertions"] = std::move(texts);
+        item["assertions"] = AssertionsSince(capture, before, line);
         result.AddLine(line);
         items.push_back(std::move(item));
     }

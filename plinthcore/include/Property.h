@@ -154,6 +154,13 @@ protected:
                                                int& type, PropFlags& flags);
     // Sets name and flags as read (no checks).
     void SetReadHeader(AString name, const PropFlags& flags);
+    // Takes a "Value" script argument: a string through ChangeValue(text) unless it equals the
+    // value text, a number through ChangeValue(number); adds PropChange::kValue when the value
+    // changed. False when the argument is refused or of another kind; true when absent.
+    bool AssignValueArgument(const IScriptArgInfo& args, PropChange& change);
+    // Takes a string "Value" script argument into `text`, adding PropChange::kValue when it
+    // differs. False when the argument is of another kind; true when absent.
+    static bool AssignTextArgument(const IScriptArgInfo& args, AString& text, PropChange& change);
 
     Property() = default;
     Property(AString name, const PropFlags& flags);

@@ -96,19 +96,6 @@ void ButtonProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& chan
 
 bool ButtonProp::AssignFromScriptArguments(const IScriptArgInfo& args, PropChange& change)
 {
-    bool ok = Property::AssignFromScriptArguments(args, change);
-    AString label;
-    if (args.GetString(L"Value", label))
-    {
-        if (label != mLabel)
-        {
-            mLabel = label;
-            change.Add(PropChange::kValue);
-        }
-    }
-    else if (args.HasArgument(L"Value"))
-    {
-        ok = false;
-    }
-    return ok;
+    const bool ok = Property::AssignFromScriptArguments(args, change);
+    return AssignTextArgument(args, mLabel, change) && ok;
 }

@@ -278,3 +278,45 @@ io::ReadError Property::ReadNeutral(const io::CBlock_func& block)
     SetReadHeader(std::move(name), flags);
     return io::kNoError;
 }
+
+bool Property::AssignValueArgument(const IScriptArgInfo& args, PropChange& change)
+{
+    AString text;
+    double number = 0.0;
+    bool ok = true;
+    bool changed = false;
+    if (args.GetString(L"Value", text))
+    {
+        changed = text != PropertyValue() && ChangeValue(text);
+        ok = changed || text == PropertyValue();
+    }
+    else if (args.GetDouble(L"Value", number))
+    {
+        changed = ChangeValue(number);
+        ok = changed;
+    }
+    else if (args.HasArgument(L"Value"))
+    {
+        ok = false;
+    }
+    if (changed)
+    {
+        change.Add(PropChange::kValue);
+    }
+    return ok;
+}
+
+bool Property::AssignTextArgument(const IScriptArgInfo& args, AString& text, PropChange& change)
+{
+    AString given;
+    if (args.GetString(L"Value", given))
+    {
+        if (given != text)
+        {
+            text = std::move(given);
+            change.Add(PropChange::kValue);
+        }
+        return true;
+    }
+    return !args.HasArgument(L"Value");
+}

@@ -42,19 +42,6 @@ void TextProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& change
 
 bool TextProp::AssignFromScriptArguments(const IScriptArgInfo& args, PropChange& change)
 {
-    bool ok = Property::AssignFromScriptArguments(args, change);
-    AString text;
-    if (args.GetString(L"Value", text))
-    {
-        if (text != mText)
-        {
-            mText = text;
-            change.Add(PropChange::kValue);
-        }
-    }
-    else if (args.HasArgument(L"Value"))
-    {
-        ok = false;
-    }
-    return ok;
+    const bool ok = Property::AssignFromScriptArguments(args, change);
+    return AssignTextArgument(args, mText, change) && ok;
 }

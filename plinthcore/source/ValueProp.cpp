@@ -147,29 +147,8 @@ void ValueProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& chang
 
 bool ValueProp::AssignFromScriptArguments(const IScriptArgInfo& args, PropChange& change)
 {
-    bool ok = Property::AssignFromScriptArguments(args, change);
-    AString text;
-    double number = 0.0;
-    bool changed = false;
-    if (args.GetString(L"Value", text))
-    {
-        changed = text != PropertyValue() && ChangeValue(text);
-        ok = ok && (changed || text == PropertyValue());
-    }
-    else if (args.GetDouble(L"Value", number))
-    {
-        changed = ChangeValue(number);
-        ok = ok && changed;
-    }
-    else if (args.HasArgument(L"Value"))
-    {
-        ok = false;
-    }
-    if (changed)
-    {
-        change.Add(PropChange::kValue);
-    }
-    return ok;
+    const bool ok = Property::AssignFromScriptArguments(args, change);
+    return AssignValueArgument(args, change) && ok;
 }
 
 bool ValueProp::Write(io::CBlock_func& block) const
