@@ -11,18 +11,19 @@ namespace
 constexpr std::uint64_t kOffset = 14695981039346656037ull;
 constexpr std::uint64_t kPrime = 1099511628211ull;
 
-// FNV-1a over the code point, followed by a final mix so that the low bits spread.
+// FNV-1a over the code points, followed by a final mix so that the low bits spread.
 inline std::uint64_t Mix(std::uint64_t hash, char32_t c)
 {
     return (hash ^ static_cast<std::uint64_t>(c)) * kPrime;
 }
 
-inline std::uint64_t Finish(std::uint64_t hash)
+// The low half of the mixed hash: tables index with its low bits and store it whole.
+inline std::uint32_t Finish(std::uint64_t hash)
 {
     hash ^= hash >> 33;
     hash *= 0xff51afd7ed558ccdull;
     hash ^= hash >> 33;
-    return hash;
+    return static_cast<std::uint32_t>(hash);
 }
 
 std::uint64_t FoldInto(std::uint64_t hash, std::wstring_view text)
@@ -52,6 +53,7 @@ std::uint64_t FoldInto(std::uint64_t hash, std::wstring_view text)
 void PinNameIndex::Clear()
 {
     mEntries.clear();
+    mText.clear();
     mEmptyHead = -1;
     mEmptyTail = -1;
     mTexts = Table();
@@ -94,7 +96,7 @@ void PinNameIndex::Grow(Table& table, std::size_t atLeast)
     }
 }
 
-const PinNameIndex::Slot* PinNameIndex::Lookup(const Table& table, std::uint64_t hash)
+const PinNameIndex::Slot* PinNameIndex::Lookup(const Table& table, std::uint32_t hash)
 {
     if (table.slots.empty())
     {
@@ -115,7 +117,7 @@ const PinNameIndex::Slot* PinNameIndex::Lookup(const Table& table, std::uint64_t
     }
 }
 
-void PinNameIndex::Link(Table& table, std::uint64_t hash, int entry)
+void PinNameIndex::Link(Table& table, std::uint32_t hash, int entry)
 {
     if (2 * (table.used + 1) > table.slots.size())
     {
@@ -133,18 +135,25 @@ void PinNameIndex::Link(Table& table, std::uint64_t hash, int entry)
         slot.hash = hash;
         slot.head = entry;
         ++table.used;
+        return;
     }
-    else
-    {
-        mEntries[static_cast<std::size_t>(slot.tail)].next = entry;
-    }
-    slot.tail = entry;
+    Entry& head = mEntries[static_cast<std::size_t>(slot.head)];
+    mEntries[static_cast<std::size_t>(head.tail)].next = entry;
+    head.tail = entry;
+}
+
+int PinNameIndex::AddEntry(std::size_t offset, std::size_t size, int position)
+{
+    const int entry = static_cast<int>(mEntries.size());
+    mEntries.push_back({offset, static_cast<std::uint32_t>(size), position, -1, entry});
+    return entry;
 }
 
 void PinNameIndex::Add(const AString& name, int position, bool members)
 {
-    const int entry = static_cast<int>(mEntries.size());
-    mEntries.push_back({&name, position, -1});
+    const std::size_t offset = mText.size();
+    mText.insert(mText.end(), name.begin(), name.end());
+    const int entry = AddEntry(offset, name.size(), position);
     if (name.empty())
     {
         if (mEmptyTail >= 0)
@@ -161,40 +170,55 @@ void PinNameIndex::Add(const AString& name, int position, bool members)
     // A name is looked for as a text by plain queries and as a member list by bus-like ones,
     // whatever it looks like itself; each entry sits in one chain, so it is entered twice.
     Link(mTexts, FoldedHash(name), entry);
-    if (!members)
+    if (members)
     {
-        return;
+        Link(mMembers, MembersHash(name), AddEntry(offset, name.size(), position));
     }
-    const int second = static_cast<int>(mEntries.size());
-    mEntries.push_back({&name, position, -1});
-    Link(mMembers, MembersHash(name), second);
 }
 
-PinNameIndex::Probe PinNameIndex::Start(const AString& query) const
+PinNameIndex::Key PinNameIndex::MakeKey(const AString& query)
 {
-    Probe probe;
-    if (query.empty())
+    Key key;
+    key.empty = query.empty();
+    if (!key.empty)
     {
-        probe.head = mEmptyHead;
-        return probe;
+        key.busLike = IsBusLike(query);
+        key.hash = key.busLike ? MembersHash(query) : FoldedHash(query);
     }
-    probe.busLike = IsBusLike(query);
-    const Slot* slot =
-        probe.busLike ? Lookup(mMembers, MembersHash(query)) : Lookup(mTexts, FoldedHash(query));
-    probe.head = slot != nullptr ? slot->head : -1;
-    return probe;
+    return key;
 }
 
-bool PinNameIndex::Confirm(const AString& query, const Probe& probe, const AString& name)
+void PinNameIndex::Prefetch(const Key& key) const
 {
-    if (query.empty())
+    const Table& table = key.busLike ? mMembers : mTexts;
+    if (!key.empty && !table.slots.empty())
+    {
+        __builtin_prefetch(&table.slots[key.hash & (table.slots.size() - 1)]);
+    }
+}
+
+int PinNameIndex::Start(const Key& key) const
+{
+    if (key.empty)
+    {
+        return mEmptyHead;
+    }
+    const Slot* slot = Lookup(key.busLike ? mMembers : mTexts, key.hash);
+    return slot != nullptr ? slot->head : -1;
+}
+
+bool PinNameIndex::Confirm(const AString& query, const Key& key, int entry) const
+{
+    if (key.empty)
     {
         return true;
     }
-    return probe.busLike ? PortNameCompare(query, name) == 0 : AString::EqualNoCase(query, name);
+    const std::wstring_view name = TextOf(mEntries[static_cast<std::size_t>(entry)]);
+    return key.busLike ? PortNameCompare(query, AString(name)) == 0
+                       : AString::EqualNoCase(query, name);
 }
 
-std::uint64_t PinNameIndex::MembersHash(const AString& name)
+std::uint32_t PinNameIndex::MembersHash(const AString& name)
 {
     std::uint64_t hash = kOffset;
     // A name without "[", "<" and "," is one simple signal in every environment: itself.
@@ -213,7 +237,7 @@ std::uint64_t PinNameIndex::MembersHash(const AString& name)
     return Finish(hash);
 }
 
-std::uint64_t PinNameIndex::FoldedHash(std::wstring_view text)
+std::uint32_t PinNameIndex::FoldedHash(std::wstring_view text)
 {
     return Finish(FoldInto(kOffset, text));
 }
@@ -229,7 +253,7 @@ int PinNameIndex::FindFirstText(const AString& text) const
     for (; entry >= 0; entry = mEntries[static_cast<std::size_t>(entry)].next)
     {
         const Entry& candidate = mEntries[static_cast<std::size_t>(entry)];
-        if (AString::EqualNoCase(text, *candidate.name))
+        if (AString::EqualNoCase(text, TextOf(candidate)))
         {
             return candidate.position;
         }

@@ -18,7 +18,8 @@ void TerminalIndex::Update(const std::vector<Terminal*>& terminals, std::uint64_
     mLayPinNames.Reserve(terminals.size());
     mTerminalNames.Reserve(terminals.size());
     mPositions.clear();
-    mPositions.reserve(terminals.size());
+    mPositionCount = 0;
+    ReservePositions(terminals.size());
     for (std::size_t i = 0; i < terminals.size(); ++i)
     {
         Add(*terminals[i], static_cast<int>(i));
@@ -42,7 +43,52 @@ void TerminalIndex::Add(const Terminal& terminal, int position)
     mSchPinNames.Add(terminal.GetSchPinName(), position);
     mLayPinNames.Add(terminal.GetLayPinName(), position);
     mTerminalNames.Add(terminal.GetTerminalName(), position, false);
-    mPositions.emplace(&terminal, position);
+    ReservePositions(mPositionCount + 1);
+    const std::size_t mask = mPositions.size() - 1;
+    std::size_t i = HomeOf(&terminal, mask);
+    while (mPositions[i].terminal != nullptr)
+    {
+        i = (i + 1) & mask;
+    }
+    mPositions[i] = {&terminal, position};
+    ++mPositionCount;
+}
+
+void TerminalIndex::ReservePositions(std::size_t count)
+{
+    std::size_t size = mPositions.empty() ? 16 : mPositions.size();
+    while (size < 2 * count)
+    {
+        size *= 2;
+    }
+    if (size == mPositions.size())
+    {
+        return;
+    }
+    std::vector<PositionSlot> old(size);
+    old.swap(mPositions);
+    for (const PositionSlot& slot : old)
+    {
+        if (slot.terminal != nullptr)
+        {
+            std::size_t i = HomeOf(slot.terminal, size - 1);
+            while (mPositions[i].terminal != nullptr)
+            {
+                i = (i + 1) & (size - 1);
+            }
+            mPositions[i] = slot;
+        }
+    }
+}
+
+std::size_t TerminalIndex::HomeOf(const Terminal* terminal, std::size_t mask)
+{
+    // Addresses share their low bits (alignment) and often their high ones; a multiplicative
+    // mix spreads the rest over the table.
+    const auto address = reinterpret_cast<std::uintptr_t>(terminal);
+    return static_cast<std::size_t>((static_cast<std::uint64_t>(address) * 0x9E3779B97F4A7C15ull) >>
+                                    32) &
+           mask;
 }
 
 int TerminalIndex::FindTerminalName(const AString& name) const
@@ -52,7 +98,19 @@ int TerminalIndex::FindTerminalName(const AString& name) const
 
 int TerminalIndex::FindPosition(const Terminal* terminal) const
 {
-    const auto found = mPositions.find(terminal);
-    return found != mPositions.end() ? found->second : -1;
+    if (terminal == nullptr || mPositions.empty())
+    {
+        return -1;
+    }
+    const std::size_t mask = mPositions.size() - 1;
+    for (std::size_t i = HomeOf(terminal, mask); mPositions[i].terminal != nullptr;
+         i = (i + 1) & mask)
+    {
+        if (mPositions[i].terminal == terminal)
+        {
+            return mPositions[i].position;
+        }
+    }
+    return -1;
 }
 } // namespace qln::connectivity

@@ -9,8 +9,6 @@
 #include "PinNameIndex.h"
 
 #include <cstdint>
-#include <string>
-#include <unordered_map>
 #include <vector>
 
 class Terminal;
@@ -35,13 +33,24 @@ public:
     int FindPosition(const Terminal* terminal) const;
 
 private:
+    // One slot of the flat table of positions by terminal address.
+    struct PositionSlot
+    {
+        const Terminal* terminal = nullptr;
+        int position = -1;
+    };
+
     void Add(const Terminal& terminal, int position);
+    // Makes the position table at least twice as large as `count` terminals.
+    void ReservePositions(std::size_t count);
+    static std::size_t HomeOf(const Terminal* terminal, std::size_t mask);
 
     bool mValid = false;
     std::uint64_t mEditCount = 0;
     PinNameIndex mSchPinNames;
     PinNameIndex mLayPinNames;
     PinNameIndex mTerminalNames;
-    std::unordered_map<const Terminal*, int> mPositions;
+    std::vector<PositionSlot> mPositions; // a power of two in size, at most half full
+    std::size_t mPositionCount = 0;
 };
 } // namespace qln::connectivity

@@ -122,15 +122,22 @@ Terminal* TerminalManager::GetTerminal(std::size_t index) const
 Terminal* TerminalManager::GetTerminalFromSchPinName(const AString& pinName,
                                                      const AString& gate) const
 {
+    // The slot is fetched before the index is checked for being current, so that the memory
+    // access overlaps the check.
+    const PinNameIndex::Key key = PinNameIndex::MakeKey(pinName);
+    mIndex->SchPinNames().Prefetch(key);
     const int position = Index().SchPinNames().FindFirst(
-        pinName, [&](int i)
+        pinName, key,
+        [&](int i)
         { return AString::EqualNoCase(mTerminals[static_cast<std::size_t>(i)]->GetGate(), gate); });
     return position >= 0 ? mTerminals[static_cast<std::size_t>(position)] : nullptr;
 }
 
 Terminal* TerminalManager::GetTerminalFromLayPinName(const AString& pinName) const
 {
-    const int position = Index().LayPinNames().FindFirst(pinName, [](int) { return true; });
+    const PinNameIndex::Key key = PinNameIndex::MakeKey(pinName);
+    mIndex->LayPinNames().Prefetch(key);
+    const int position = Index().LayPinNames().FindFirst(pinName, key, [](int) { return true; });
     return position >= 0 ? mTerminals[static_cast<std::size_t>(position)] : nullptr;
 }
 
@@ -904,9 +911,9 @@ bool TerminalManager::NameSetsHold() const
         lay.Insert(term->GetLayPinName());
     }
     bool hold = true;
-    sch.ForEach([&](const AString& name, std::size_t count)
+    sch.ForEach([&](std::wstring_view name, std::size_t count)
                 { hold = hold && mSchPinNames->CountOf(name) >= count; });
-    lay.ForEach([&](const AString& name, std::size_t count)
+    lay.ForEach([&](std::wstring_view name, std::size_t count)
                 { hold = hold && mLayPinNames->CountOf(name) >= count; });
     return hold;
 }

@@ -223,6 +223,54 @@ TEST_F(TerminalManagerTest, RemovingFreesTheNamesAndShiftsLaterTerminals)
     EXPECT_TRUE(mTerms.NameSetsHold());
 }
 
+TEST_F(TerminalManagerTest, NamesSharingTheirHashStayDistinct)
+{
+    // "PIN34306" and "pin63010" have the same 32-bit look-up hash, ignoring case: only the
+    // comparison of the texts tells them apart.
+    EXPECT_EQ(Add(L"PIN34306", L"PIN34306"), IComponent::kTerminalAdded);
+    EXPECT_FALSE(mTerms.IsSchPinNameInUse(AString(L"pin63010")));
+    EXPECT_FALSE(mTerms.IsLayPinNameInUse(AString(L"pin63010")));
+    EXPECT_EQ(mTerms.GetTerminalFromLayPinName(AString(L"pin63010")), nullptr);
+    EXPECT_EQ(Add(L"pin63010", L"pin63010"), IComponent::kTerminalAdded);
+    EXPECT_EQ(mTerms.GetTerminalFromLayPinName(AString(L"PIN63010")), mTerms.GetTerminal(1));
+    EXPECT_EQ(mTerms.GetTerminalFromSchPinName(AString(L"pin34306"), AString(L"A")),
+              mTerms.GetTerminal(0));
+
+    mTerms.RemoveTerminal(0u);
+    EXPECT_FALSE(mTerms.IsSchPinNameInUse(AString(L"PIN34306")));
+    EXPECT_TRUE(mTerms.IsSchPinNameInUse(AString(L"PIN63010")));
+    EXPECT_EQ(mTerms.GetTerminalFromLayPinName(AString(L"PIN34306")), nullptr);
+    EXPECT_EQ(mTerms.GetTerminalFromLayPinName(AString(L"PIN63010")), mTerms.GetTerminal(0));
+    EXPECT_TRUE(mTerms.NameSetsHold());
+}
+
+TEST_F(TerminalManagerTest, NameSetsHoldThroughManyRemovalsAndRenames)
+{
+    // Names whose last use went keep their place in the name tables until they are rebuilt;
+    // churn far past the first table sizes must neither lose names in use nor keep gone ones.
+    for (int round = 0; round < 40; ++round)
+    {
+        for (int k = 0; k < 50; ++k)
+        {
+            Add(AString::Formatted(L"R%d_%d", round, k).c_str(),
+                AString::Formatted(L"L%d", round * 50 + k).c_str());
+        }
+        while (mTerms.GetTerminalCount() > 30)
+        {
+            mTerms.RemoveTerminal(0u);
+        }
+    }
+    ASSERT_EQ(mTerms.GetTerminalCount(), 30u);
+    EXPECT_TRUE(mTerms.NameSetsHold());
+    EXPECT_TRUE(mTerms.IsSchPinNameInUse(AString(L"r39_49")));
+    EXPECT_TRUE(mTerms.IsSchPinNameInUse(AString(L"R39_20")));
+    EXPECT_FALSE(mTerms.IsSchPinNameInUse(AString(L"R39_19")));
+    EXPECT_FALSE(mTerms.IsLayPinNameInUse(AString(L"L0")));
+    EXPECT_EQ(mTerms.GetTerminalFromLayPinName(AString(L"l1999")), mTerms.GetTerminal(29));
+    EXPECT_EQ(Add(L"R0_0", L"L0"), IComponent::kTerminalAdded) << "a gone name is free again";
+    EXPECT_EQ(Add(L"r39_49", L""), IComponent::kSymbolPinNameTaken);
+}
+
 TEST_F(TerminalManagerTest, SharedNamesReadFromAFileStayInUseUntilTheLastGoes)
 {
     ASSERT_EQ(ReadText("C { Terminal { \"IN\" \"1\" \"A\" false 0 } "
