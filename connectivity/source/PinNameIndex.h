@@ -98,6 +98,7 @@ private:
         std::vector<Slot> slots; // a power of two in size, at most half full
         std::size_t used = 0;
     };
+
     int AddEntry(std::size_t offset, std::size_t size, int position);
     std::wstring_view TextOf(const Entry& entry) const
     {
