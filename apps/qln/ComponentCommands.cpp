@@ -593,6 +593,18 @@ void RunRename(const ComponentOptions& options, CommandContext& context)
     context.Emit(result);
 }
 
+// Saves a list whose number of terminals was `before` and reports both numbers.
+void SaveCountChange(const ComponentOptions& options, const ComponentFile& loaded,
+                     std::size_t before, CommandResult& result, CommandContext& context)
+{
+    result.Data()["before"] = before;
+    result.Data()["after"] = loaded.terminals.GetTerminalCount();
+    Save(Rebuilt(loaded), options.file, options.output, result);
+    result.AddLine(options.file + ": " + Terminals(before) + ", now " +
+                   std::to_string(loaded.terminals.GetTerminalCount()));
+    context.Emit(result);
+}
+
 void RunSetCount(const ComponentOptions& options, CommandContext& context)
 {
     if (options.count < 0)
@@ -605,12 +617,7 @@ void RunSetCount(const ComponentOptions& options, CommandContext& context)
     loaded.terminals.SetNumberOfTerminals(options.count, *loaded.component);
     CommandResult result("component set-count");
     result.Data()["file"] = options.file;
-    result.Data()["before"] = before;
-    result.Data()["after"] = loaded.terminals.GetTerminalCount();
-    Save(Rebuilt(loaded), options.file, options.output, result);
-    result.AddLine(options.file + ": " + Terminals(before) + ", now " +
-                   std::to_string(loaded.terminals.GetTerminalCount()));
-    context.Emit(result);
+    SaveCountChange(options, loaded, before, result, context);
 }
 
 RefPinOption ParseRefPinOption(const std::string& text)
@@ -653,12 +660,7 @@ void RunRefPins(const ComponentOptions& options, CommandContext& context)
     result.Data()["file"] = options.file;
     result.Data()["option"] = static_cast<int>(option);
     result.Data()["removed"] = options.remove;
-    result.Data()["before"] = before;
-    result.Data()["after"] = loaded.terminals.GetTerminalCount();
-    Save(Rebuilt(loaded), options.file, options.output, result);
-    result.AddLine(options.file + ": " + Terminals(before) + ", now " +
-                   std::to_string(loaded.terminals.GetTerminalCount()));
-    context.Emit(result);
+    SaveCountChange(options, loaded, before, result, context);
 }
 
 using Runner = void (*)(const ComponentOptions&, CommandContext&);

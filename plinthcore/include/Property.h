@@ -149,15 +149,19 @@ protected:
     // The same without changing the property: the name and the flags read into the outputs.
     static io::ReadError ReadPropHeader(const io::CBlock_func& block, AString& name,
                                         PropFlags& flags);
-    // The neutral part: name, type code and flags into the outputs.
+    // The neutral form's first four items: name, type code, flags and value text into the
+    // outputs; io::kReadFailed, outputs unchanged, when one is missing.
     static io::ReadError ReadNeutralPropHeader(const io::CBlock_func& block, AString& name,
-                                               int& type, PropFlags& flags);
+                                               int& type, PropFlags& flags, AString& value);
     // Sets name and flags as read (no checks).
     void SetReadHeader(AString name, const PropFlags& flags);
     // Takes a "Value" script argument: a string through ChangeValue(text) unless it equals the
     // value text, a number through ChangeValue(number); adds PropChange::kValue when the value
     // changed. False when the argument is refused or of another kind; true when absent.
     bool AssignValueArgument(const IScriptArgInfo& args, PropChange& change);
+    // Gives `value` as the "Value" script argument when `change` includes the value.
+    static void PutValueArgument(IScriptArgInfo& args, const PropChange& change,
+                                 const AString& value);
     // Takes a string "Value" script argument into `text`, adding PropChange::kValue when it
     // differs. False when the argument is of another kind; true when absent.
     static bool AssignTextArgument(const IScriptArgInfo& args, AString& text, PropChange& change);

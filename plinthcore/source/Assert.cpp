@@ -1,5 +1,7 @@
 #include "Assert.h"
 
+#include "ControlEscapes.h"
+
 #include <atomic>
 #include <cstdio>
 #include <cstring>
@@ -80,29 +82,13 @@ bool ReadEscape(const char* text, std::size_t n, std::size_t& i, std::string& ou
         return false;
     }
     const char c = text[i++];
+    if (const int control = plinth::detail::ControlOfEscape(c); control >= 0)
+    {
+        out.push_back(static_cast<char>(control));
+        return true;
+    }
     switch (c)
     {
-    case 'n':
-        out.push_back('\n');
-        return true;
-    case 't':
-        out.push_back('\t');
-        return true;
-    case 'r':
-        out.push_back('\r');
-        return true;
-    case 'a':
-        out.push_back('\a');
-        return true;
-    case 'b':
-        out.push_back('\b');
-        return true;
-    case 'f':
-        out.push_back('\f');
-        return true;
-    case 'v':
-        out.push_back('\v');
-        return true;
     case '\\':
     case '\'':
     case '"':

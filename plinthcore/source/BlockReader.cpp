@@ -2,6 +2,7 @@
 
 #include "BlockStore.h"
 #include "BlockUnicode.h"
+#include "ControlEscapes.h"
 
 #include <algorithm>
 #include <charconv>
@@ -123,6 +124,10 @@ private:
     bool ParseNumber(Slot& slot);
     bool ParseValue(Slot& slot, const char* afterWhat);
     bool OpenBlock(std::string_view name, const char* at);
+    // The value of `name = value` with mPos at the "=".
+    bool NamedValue(std::string_view name, const char* at);
+    // Fails when `name` is longer than a name may be.
+    bool CheckNameLength(std::string_view name, const char* at);
     bool CloseBlock();
     Slot* NewSlot(const char* at);
     bool DecodeEscape(std::string& out);
@@ -247,25 +252,15 @@ bool Parser::ParseItem()
         }
         if (mPos < mEnd && (*mPos == '=' || *mPos == '{' || *mPos == ':'))
         {
-            if (text.size() > kMaxBlockNameBytes)
+            if (!CheckNameLength(text, start))
             {
-                return Fail(start, "a name of " + std::to_string(text.size()) +
-                                       " bytes is longer than the limit of " +
-                                       std::to_string(kMaxBlockNameBytes) + " bytes");
+                return false;
             }
             if (*mPos != '=')
             {
                 return OpenBlock(text, start);
             }
-            const std::uint32_t key = mStore.Intern(text);
-            Slot* slot = NewSlot(start);
-            if (slot == nullptr)
-            {
-                return false;
-            }
-            slot->name = key;
-            ++mPos;
-            return ParseValue(*slot, "=");
+            return NamedValue(text, start);
         }
         if (text.size() > mMaxText)
         {
@@ -318,11 +313,9 @@ bool Parser::ParseItem()
             }
             return true;
         }
-        if (word.size() > kMaxBlockNameBytes)
+        if (!CheckNameLength(word, start))
         {
-            return Fail(start, "a name of " + std::to_string(word.size()) +
-                                   " bytes is longer than the limit of " +
-                                   std::to_string(kMaxBlockNameBytes) + " bytes");
+            return false;
         }
         mPos = end;
         if (!SkipBlanks())
@@ -335,15 +328,7 @@ bool Parser::ParseItem()
         }
         if (mPos < mEnd && *mPos == '=')
         {
-            const std::uint32_t key = mStore.Intern(word);
-            Slot* slot = NewSlot(start);
-            if (slot == nullptr)
-            {
-                return false;
-            }
-            slot->name = key;
-            ++mPos;
-            return ParseValue(*slot, "=");
+            return NamedValue(word, start);
         }
         return Fail(mPos, "expected '=' or '{' after the name " + Shown(word));
     }
@@ -600,6 +585,30 @@ bool Parser::ParseText(std::string_view& text, bool isName)
     return true;
 }
 
+bool Parser::NamedValue(std::string_view name, const char* at)
+{
+    const std::uint32_t key = mStore.Intern(name);
+    Slot* slot = NewSlot(at);
+    if (slot == nullptr)
+    {
+        return false;
+    }
+    slot->name = key;
+    ++mPos;
+    return ParseValue(*slot, "=");
+}
+
+bool Parser::CheckNameLength(std::string_view name, const char* at)
+{
+    if (name.size() <= kMaxBlockNameBytes)
+    {
+        return true;
+    }
+    return Fail(at, "a name of " + std::to_string(name.size()) +
+                        " bytes is longer than the limit of " + std::to_string(kMaxBlockNameBytes) +
+                        " bytes");
+}
+
 // One escape at mPos (a back slash), appended decoded to `out`.
 bool Parser::DecodeEscape(std::string& out)
 {
@@ -610,34 +619,16 @@ bool Parser::DecodeEscape(std::string& out)
     }
     const char c = mPos[1];
     mPos += 2;
+    if (const int control = plinth::detail::ControlOfEscape(c); control >= 0)
+    {
+        out.push_back(static_cast<char>(control));
+        return true;
+    }
     switch (c)
     {
     case '"':
-        out.push_back('"');
-        return true;
     case '\\':
-        out.push_back('\\');
-        return true;
-    case 'n':
-        out.push_back('\n');
-        return true;
-    case 'r':
-        out.push_back('\r');
-        return true;
-    case 't':
-        out.push_back('\t');
-        return true;
-    case 'v':
-        out.push_back('\v');
-        return true;
-    case 'a':
-        out.push_back('\a');
-        return true;
-    case 'b':
-        out.push_back('\b');
-        return true;
-    case 'f':
-        out.push_back('\f');
+        out.push_back(c);
         return true;
     case '0':
         out.push_back('\0');

@@ -2,6 +2,7 @@
 
 #include "BlockStore.h"
 #include "BlockUnicode.h"
+#include "ControlEscapes.h"
 
 #include <charconv>
 #include <cmath>
@@ -91,41 +92,23 @@ void AppendQuoted(std::string& out, std::string_view text)
             continue;
         }
         flush(p);
-        switch (c)
+        if (const char letter = plinth::detail::EscapeOfControl(c); letter != 0)
         {
-        case '"':
-            out += "\\\"";
-            break;
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        case '\v':
-            out += "\\v";
-            break;
-        case '\a':
-            out += "\\a";
-            break;
-        case '\b':
-            out += "\\b";
-            break;
-        case '\f':
-            out += "\\f";
-            break;
-        case '\0':
+            out.push_back('\\');
+            out.push_back(letter);
+        }
+        else if (c == '"' || c == '\\')
+        {
+            out.push_back('\\');
+            out.push_back(c);
+        }
+        else if (c == '\0')
+        {
             out += "\\0";
-            break;
-        default:
+        }
+        else
+        {
             AppendHexEscape(out, c);
-            break;
         }
         ++p;
         run = p;

@@ -88,10 +88,7 @@ io::ReadError ButtonProp::Read(const io::CBlock_func& block, IPropClientFactory*
 void ButtonProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& change) const
 {
     Property::GetScriptArguments(args, change);
-    if (change.HasValue())
-    {
-        args.SetString(L"Value", mLabel);
-    }
+    PutValueArgument(args, change, mLabel);
 }
 
 bool ButtonProp::AssignFromScriptArguments(const IScriptArgInfo& args, PropChange& change)

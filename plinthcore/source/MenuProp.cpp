@@ -203,7 +203,7 @@ io::ReadError MenuProp::ReadNeutral(const io::CBlock_func& block)
     int type = 0;
     PropFlags flags;
     AString text;
-    if (ReadNeutralPropHeader(block, name, type, flags) != io::kNoError || !block.ReadValue(text))
+    if (ReadNeutralPropHeader(block, name, type, flags, text) != io::kNoError)
     {
         return io::kReadFailed;
     }
@@ -237,10 +237,7 @@ io::ReadError MenuProp::ReadNeutral(const io::CBlock_func& block)
 void MenuProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& change) const
 {
     Property::GetScriptArguments(args, change);
-    if (change.HasValue())
-    {
-        args.SetString(L"Value", GetCurrentChoice());
-    }
+    PutValueArgument(args, change, GetCurrentChoice());
     if (change.HasAny({PropChange::kChoices, PropChange::kAll}))
     {
         args.SetString(L"Choices", JoinChoices(mChoices));

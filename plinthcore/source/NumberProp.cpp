@@ -124,7 +124,7 @@ io::ReadError NumberProp::ReadNeutral(const io::CBlock_func& block)
     int type = 0;
     PropFlags flags;
     AString text;
-    if (ReadNeutralPropHeader(block, name, type, flags) != io::kNoError || !block.ReadValue(text))
+    if (ReadNeutralPropHeader(block, name, type, flags, text) != io::kNoError)
     {
         return io::kReadFailed;
     }

@@ -202,19 +202,22 @@ io::ReadError Property::ReadPropHeader(const io::CBlock_func& block, AString& na
 }
 
 io::ReadError Property::ReadNeutralPropHeader(const io::CBlock_func& block, AString& name,
-                                              int& type, PropFlags& flags)
+                                              int& type, PropFlags& flags, AString& value)
 {
     block.ResetReadPosition();
     AString readName;
     int readType = 0;
     std::uint64_t bits = 0;
-    if (!block.ReadValue(readName) || !block.ReadValue(readType) || !block.ReadValue(bits))
+    AString readValue;
+    if (!block.ReadValue(readName) || !block.ReadValue(readType) || !block.ReadValue(bits) ||
+        !block.ReadValue(readValue))
     {
         return io::kReadFailed;
     }
     name = std::move(readName);
     type = readType;
     flags = PropFlags::FromBits(bits);
+    value = std::move(readValue);
     return io::kNoError;
 }
 
@@ -270,13 +273,21 @@ io::ReadError Property::ReadNeutral(const io::CBlock_func& block)
     int type = 0;
     PropFlags flags;
     AString text;
-    if (ReadNeutralPropHeader(block, name, type, flags) != io::kNoError || !block.ReadValue(text) ||
-        !ChangeValue(text))
+    if (ReadNeutralPropHeader(block, name, type, flags, text) != io::kNoError || !ChangeValue(text))
     {
         return io::kReadFailed;
     }
     SetReadHeader(std::move(name), flags);
     return io::kNoError;
+}
+
+void Property::PutValueArgument(IScriptArgInfo& args, const PropChange& change,
+                                const AString& value)
+{
+    if (change.HasValue())
+    {
+        args.SetString(L"Value", value);
+    }
 }
 
 bool Property::AssignValueArgument(const IScriptArgInfo& args, PropChange& change)

@@ -34,10 +34,7 @@ void TextProp::Accept(ConstPropVisitor& visitor) const
 void TextProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& change) const
 {
     Property::GetScriptArguments(args, change);
-    if (change.HasValue())
-    {
-        args.SetString(L"Value", mText);
-    }
+    PutValueArgument(args, change, mText);
 }
 
 bool TextProp::AssignFromScriptArguments(const IScriptArgInfo& args, PropChange& change)

@@ -139,10 +139,7 @@ void ValueProp::CopyProp(const Property& other)
 void ValueProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& change) const
 {
     Property::GetScriptArguments(args, change);
-    if (change.HasValue())
-    {
-        args.SetString(L"Value", PropertyValue());
-    }
+    PutValueArgument(args, change, PropertyValue());
 }
 
 bool ValueProp::AssignFromScriptArguments(const IScriptArgInfo& args, PropChange& change)

@@ -165,10 +165,7 @@ void VariableProp::CopyProp(const Property& other)
 void VariableProp::GetScriptArguments(IScriptArgInfo& args, const PropChange& change) const
 {
     OptiVariable::GetScriptArguments(args, change);
-    if (change.HasValue())
-    {
-        args.SetString(L"Value", PropertyValue());
-    }
+    PutValueArgument(args, change, PropertyValue());
 }
 
 bool VariableProp::AssignFromScriptArguments(const IScriptArgInfo& args, PropChange& change)
